@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <chrono>
+#include <functional>
+
+namespace korvan {
+
+class Clipboard;
+class FilePanels;
+class MainQueue;
+class Workspace;
+
+// What a window asks of the desktop. All of it must outlive the window.
+struct Desktop {
+    Clipboard& clipboard;
+    Workspace& workspace;
+    FilePanels& filePanels;
+    MainQueue& mainQueue;
+    std::function<std::chrono::system_clock::time_point()> now = std::chrono::system_clock::now;
+};
+
+} // namespace korvan

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace korvan {
+
+struct SavePanel {
+    std::string title;
+    std::string proposedName;
+    std::string fileType; // the ending that the name gets when it has none, without the dot
+};
+
+struct OpenPanel {
+    std::string title;
+    std::vector<std::string> fileTypes; // endings without the dot; none means any file
+};
+
+// The desktop's dialogs for choosing a file. Both run modally.
+class FilePanels {
+public:
+    FilePanels() = default;
+    FilePanels(const FilePanels&) = delete;
+    FilePanels& operator=(const FilePanels&) = delete;
+    virtual ~FilePanels() = default;
+
+    // The absolute path that the user chose to write to, nothing when he cancelled. He has agreed
+    // to replacing a file that is there.
+    [[nodiscard]] virtual std::optional<std::string> runSavePanel(const SavePanel& panel) = 0;
+
+    // The absolute path of one existing file, nothing when the user cancelled.
+    [[nodiscard]] virtual std::optional<std::string> runOpenPanel(const OpenPanel& panel) = 0;
+};
+
+} // namespace korvan

@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: MIT
+#include "platform/Files.h"
+
+#include <cerrno>
+#include <climits>
+#include <cstring>
+#include <fcntl.h>
+#include <optional>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace korvan {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kCannotRead = "Die Datei konnte nicht gelesen werden";
+constexpr std::string_view kCannotWrite = "Die Datei konnte nicht geschrieben werden";
+constexpr std::string_view kCannotCreateFolder = "Der Ordner konnte nicht angelegt werden";
+
+// What a JSON parser may read, and ignores, behind the end of its text.
+constexpr std::size_t kReadPadding = 64;
+
+// The codes that a user can do something about; the C library's own texts follow a locale that the
+// program does not choose.
+std::string reasonFor(int code) {
+    switch (code) {
+    case EACCES:
+    case EPERM: return "Keine Berechtigung";
+    case ENOENT: return "Datei oder Ordner nicht gefunden";
+    case ENOTDIR: return "Ein Teil des Pfades ist kein Ordner";
+    case EISDIR: return "Das ist ein Ordner";
+    case EINVAL: return "Das ist keine gewöhnliche Datei";
+    case ENOSPC: return "Auf dem Datenträger ist kein Platz mehr";
+    case EDQUOT: return "Das Speicherkontingent ist erschöpft";
+    case EROFS: return "Der Datenträger ist schreibgeschützt";
+    case EFBIG: return "Die Datei ist zu groß";
+    case EIO: return "Ein-/Ausgabefehler";
+    case ENAMETOOLONG: return "Der Dateiname ist zu lang";
+    case ELOOP: return "Zu viele symbolische Verknüpfungen";
+    case EMFILE:
+    case ENFILE: return "Zu viele offene Dateien";
+    case ENOMEM: return "Nicht genug Speicher";
+    default: return std::strerror(code);
+    }
+}
+
+std::unexpected<Error> failureNow(std::string_view what, const fs::path& path) {
+    return std::unexpected(posixError(errno, what, path));
+}
+
+// Closes its descriptor when it ends.
+class Descriptor final {
+public:
+    explicit Descriptor(int number) : m_number(number) {}
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    ~Descriptor() {
+        if (isOpen()) ::close(m_number);
+    }
+
+    [[nodiscard]] bool isOpen() const { return m_number >= 0; }
+    [[nodiscard]] int number() const { return m_number; }
+
+    // Some file systems report only now that there was no space.
+    bool close() { return ::close(std::exchange(m_number, -1)) == 0; }
+
+private:
+    int m_number;
+};
+
+bool writeAll(int descriptor, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written < 0) return false;
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
+// Makes a rename durable. A file system that cannot do so has no other way either.
+bool syncFolder(const fs::path& folder) {
+    const Descriptor descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!descriptor.isOpen()) return errno == EACCES; // may be written to but not read
+    return ::fsync(descriptor.number()) == 0 || errno == EINVAL || errno == ENOTSUP;
+}
+
+fs::path folderOf(const fs::path& path) {
+    return path.has_parent_path() ? path.parent_path() : fs::path(".");
+}
+
+// A file under a name of its own beside its target, removed again unless it took the target's place.
+class TemporaryFile final {
+public:
+    explicit TemporaryFile(const fs::path& target)
+        : m_path((folderOf(target) / ".korvan-XXXXXX").string()),
+          m_descriptor(::mkostemp(m_path.data(), O_CLOEXEC)) {}
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    ~TemporaryFile() {
+        if (m_isOurs) ::unlink(m_path.c_str());
+    }
+
+    bool write(std::string_view bytes, std::optional<mode_t> mode) {
+        m_isOurs = m_descriptor.isOpen();
+        return m_isOurs && (!mode || ::fchmod(m_descriptor.number(), *mode) == 0) &&
+               writeAll(m_descriptor.number(), bytes) && ::fsync(m_descriptor.number()) == 0 &&
+               m_descriptor.close();
+    }
+
+    bool replace(const fs::path& target) {
+        if (::rename(m_path.c_str(), target.c_str()) != 0) return false;
+        m_isOurs = false;
+        return true;
+    }
+
+private:
+    std::string m_path;
+    Descriptor m_descriptor;
+    bool m_isOurs = false;
+};
+
+} // namespace
+
+Error posixError(int code, std::string_view what, const fs::path& path) {
+    return {"POSIX", code,
+            std::string(what) + ": " + reasonFor(code) + " („" + path.string() + "“)."};
+}
+
+Result<std::string> readFile(const fs::path& path) {
+    // O_NONBLOCK: opening a pipe would wait for somebody to write into it.
+    const Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    struct stat status {};
+    if (!file.isOpen() || ::fstat(file.number(), &status) != 0)
+        return failureNow(kCannotRead, path);
+    if (!S_ISREG(status.st_mode))
+        return std::unexpected(
+            posixError(S_ISDIR(status.st_mode) ? EISDIR : EINVAL, kCannotRead, path));
+
+    std::string bytes;
+    std::size_t expected = static_cast<std::size_t>(status.st_size);
+    std::size_t length = 0;
+    while (true) {
+        // One byte more than expected, so that the end is seen without another round.
+        bytes.reserve(expected + 1 + kReadPadding);
+        bytes.resize(expected + 1);
+        const ssize_t count = ::read(file.number(), bytes.data() + length, bytes.size() - length);
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) return failureNow(kCannotRead, path);
+        if (count == 0) break;
+        length += static_cast<std::size_t>(count);
+        if (length == bytes.size()) expected = 2 * length + 4096; // it grows, or has no size of its own
+    }
+    bytes.resize(length);
+    return bytes;
+}
+
+Result<> writeFileAtomically(const fs::path& path, std::string_view bytes) {
+    std::error_code error;
+    const fs::path resolved = fs::canonical(path, error);
+    const fs::path target = error ? path : resolved;
+
+    std::optional<mode_t> mode;
+    struct stat status {};
+    if (::stat(target.c_str(), &status) == 0) {
+        if (!S_ISREG(status.st_mode))
+            return std::unexpected(
+                posixError(S_ISDIR(status.st_mode) ? EISDIR : EINVAL, kCannotWrite, path));
+        mode = status.st_mode & 07777;
+    } else if (errno != ENOENT) {
+        return failureNow(kCannotWrite, path);
+    }
+
+    TemporaryFile temporary(target);
+    if (!temporary.write(bytes, mode) || !temporary.replace(target) ||
+        !syncFolder(folderOf(target)))
+        return failureNow(kCannotWrite, path);
+    return {};
+}
+
+Result<> createFolder(const fs::path& path) {
+    struct stat status {};
+    if (::stat(path.c_str(), &status) == 0) {
+        if (S_ISDIR(status.st_mode)) return {};
+        return std::unexpected(posixError(ENOTDIR, kCannotCreateFolder, path));
+    }
+    const fs::path parent = folderOf(path);
+    if (parent != path)
+        if (auto created = createFolder(parent); !created) return created;
+    // Another process may have been quicker.
+    if (::mkdir(path.c_str(), 0700) != 0 && errno != EEXIST)
+        return failureNow(kCannotCreateFolder, path);
+    if (!syncFolder(parent)) return failureNow(kCannotCreateFolder, path);
+    return {};
+}
+
+} // namespace korvan

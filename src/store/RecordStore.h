@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "model/CommandSnippet.h"
+#include "model/SSHCategory.h"
+#include "model/SSHProfile.h"
+#include "store/KeyValueStore.h"
+#include "store/ObserverList.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvan {
+
+// What tells one store from another.
+struct StoreKind {
+    std::string_view key;      // of the stored list
+    std::string_view listName; // of the list in decoding errors
+    std::string_view label;    // begins the lines that are printed on failure
+    enum class NewRecords { first, last } newRecords;
+};
+
+// One ordered list of records, loaded on construction and written through on every change. The
+// key-value store must outlive it.
+//
+// Every change takes the same three steps in the same order: the list changes, the observers are
+// called, the whole list is written. When the write fails, the list keeps the change, one line is
+// printed to standard output, and the next write that succeeds writes everything.
+//
+// Data that could not be decoded is put aside before it is overwritten; data that could not be read
+// is not overwritten at all (see KeyValueStore). Nothing here throws, and nothing stops the program.
+template <class Record>
+class RecordStore {
+public:
+    RecordStore(const RecordStore&) = delete;
+    RecordStore& operator=(const RecordStore&) = delete;
+
+    // Reads the stored list. When there is none, or it cannot be had, the list stays as it is; the
+    // latter prints a line.
+    void load();
+
+    // Writes the whole list.
+    void save();
+
+    void add(Record record);
+
+    // Replaces the first record with the same id; does nothing when there is none.
+    void update(const Record& record);
+
+    // Removes the first record that is equal in every field; does nothing when there is none.
+    void remove(const Record& record);
+
+    void replaceAll(std::vector<Record> records);
+
+    // The first record with this id, or null. Valid until the next change.
+    [[nodiscard]] const Record* find(const Uuid& id) const;
+
+    // Differs from what it was before whenever the list may have changed.
+    [[nodiscard]] std::uint64_t revision() const { return m_revision; }
+
+    // Calls `observer` after each change of the list, an equal one included.
+    [[nodiscard]] Subscription observe(std::function<void()> observer) {
+        return m_observers.observe(std::move(observer));
+    }
+
+protected:
+    // Loads the list, or fills it with `seed` and saves it when it is empty then.
+    RecordStore(KeyValueStore& keyValueStore, const StoreKind& kind, std::vector<Record> seed);
+    ~RecordStore() = default;
+
+    [[nodiscard]] const std::vector<Record>& records() const { return m_records; }
+
+    // Applies `change` to each record in turn and notifies wherever it answers true; writes once
+    // at the end if it did so at all.
+    void changeEach(const std::function<bool(Record&)>& change);
+
+private:
+    // The list has changed: ends every mutation.
+    void commit();
+    void notify();
+    void printError(std::string_view action, const Error& error) const;
+
+    KeyValueStore& m_keyValueStore;
+    const StoreKind& m_kind;
+    std::vector<Record> m_records;
+    ObserverList m_observers;
+    std::uint64_t m_revision = 0;
+    bool m_storedDataIsUndecodable = false;
+};
+
+extern template class RecordStore<SSHProfile>;
+extern template class RecordStore<SSHCategory>;
+extern template class RecordStore<CommandSnippet>;
+
+// The connection profiles. New ones come last.
+class SSHStore final : public RecordStore<SSHProfile> {
+public:
+    explicit SSHStore(KeyValueStore& keyValueStore);
+
+    [[nodiscard]] const std::vector<SSHProfile>& profiles() const { return records(); }
+
+    // Takes every profile out of the category. Saves once, and only if there was one in it.
+    void clearCategory(const Uuid& categoryId);
+};
+
+// The user's categories. New ones come first.
+class CategoryStore final : public RecordStore<SSHCategory> {
+public:
+    explicit CategoryStore(KeyValueStore& keyValueStore);
+
+    [[nodiscard]] const std::vector<SSHCategory>& categories() const { return records(); }
+};
+
+// The command database. New commands come first.
+class SnippetStore final : public RecordStore<CommandSnippet> {
+public:
+    explicit SnippetStore(KeyValueStore& keyValueStore);
+
+    [[nodiscard]] const std::vector<CommandSnippet>& snippets() const { return records(); }
+};
+
+} // namespace korvan

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#include "ui/editors/ProfileEditorView.h"
+
+#include "model/Text.h"
+
+#include <charconv>
+#include <utility>
+
+namespace korvan {
+
+namespace {
+
+constexpr std::int64_t kLowestPort = 1;
+constexpr std::int64_t kHighestPort = 65535;
+
+std::optional<std::string> problemWith(const SSHProfile& profile) {
+    if (isBlank(profile.name)) return "Bitte einen Namen angeben.";
+    if (isBlank(profile.host)) return "Bitte IP/Host angeben.";
+    if (isBlank(profile.user)) return "Bitte Benutzername angeben.";
+    if (profile.port < kLowestPort || profile.port > kHighestPort)
+        return "Port muss zwischen 1 und 65535 liegen.";
+    return std::nullopt;
+}
+
+} // namespace
+
+ProfileEditorView::ProfileEditorView(SSHProfile draft, std::vector<SSHCategory> categories,
+                                     std::function<void()> onCancel,
+                                     std::function<void(const SSHProfile&)> onSave)
+    : profile(std::move(draft)), m_categories(std::move(categories)),
+      m_onCancel(std::move(onCancel)), m_onSave(std::move(onSave)) {}
+
+std::string_view ProfileEditorView::editorTitle() const {
+    return isBlank(profile.name) ? "Neues SSH Profil" : "SSH Profil bearbeiten";
+}
+
+void ProfileEditorView::setPortText(std::string_view text) {
+    const std::string_view digits = trimmed(text);
+    const char* end = digits.data() + digits.size();
+    std::int64_t port = 0;
+    const auto result = std::from_chars(digits.data(), end, port);
+    profile.port = result.ec == std::errc() && result.ptr == end ? port : 0;
+}
+
+void ProfileEditorView::chooseIdentityFile(FilePanels& filePanels) {
+    if (auto path = filePanels.runOpenPanel({"SSH Key auswählen", {}}))
+        profile.identityFile = std::move(*path);
+}
+
+bool ProfileEditorView::validate() {
+    validationError = problemWith(profile);
+    return !validationError;
+}
+
+void ProfileEditorView::commit() {
+    if (validate()) m_onSave(profile);
+}
+
+} // namespace korvan

@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "actions/TerminalLauncher.h"
+#include "model/CommandSnippet.h"
+#include "model/KorvanBackup.h"
+#include "model/SSHCategory.h"
+#include "model/SSHProfile.h"
+#include "model/Uuid.h"
+#include "platform/Desktop.h"
+#include "store/RecordStore.h"
+#include "ui/main/CategoryFilter.h"
+#include "ui/main/Observed.h"
+#include "ui/main/ProfileSelection.h"
+
+#include <array>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvan {
+
+// The state of one main window and everything that can be done in it, without a screen.
+//
+// Fields may be read by anyone. They are changed by the actions below, and by whatever shows them:
+// a presentation that closes clears its flag, the search field writes `snippetSearch`, the table
+// writes `selection`. Every change notifies the observers, the stores' changes included.
+//
+// Records in here are copies; they are found again in the stores by id or by equality. Needs the
+// key-value store and the desktop to outlive it.
+class ContentView final {
+public:
+    ContentView(KeyValueStore& keyValueStore, const Desktop& desktop);
+    ContentView(const ContentView&) = delete;
+    ContentView& operator=(const ContentView&) = delete;
+    ~ContentView() = default;
+
+    // Calls `observer` after each change of anything here.
+    [[nodiscard]] Subscription observe(std::function<void()> observer) {
+        return m_observers.observe(std::move(observer));
+    }
+
+private:
+    ObserverList m_observers; // before the fields, which refer to it
+
+public:
+    SSHStore store;
+    CategoryStore categoryStore;
+    SnippetStore snippetStore;
+    Observed<bool> showEditor{m_observers, false};
+    Observed<bool> showDeleteConfirm{m_observers, false};
+    Observed<std::optional<SSHProfile>> deleteCandidate{m_observers};
+    Observed<ProfileSelection> selection{m_observers};
+    Observed<CategoryFilter> categoryFilter{m_observers, CategoryFilter::all()};
+    Observed<bool> showCategoryEditor{m_observers, false};
+    Observed<std::optional<SSHCategory>> editingCategory{m_observers}; // none: a new one
+    Observed<bool> showCategoryDeleteConfirm{m_observers, false};
+    Observed<std::optional<SSHCategory>> deleteCategoryCandidate{m_observers};
+    Observed<bool> showSnippets{m_observers, true};
+    Observed<std::string> snippetSearch{m_observers};
+    Observed<bool> showSnippetEditor{m_observers, false};
+    Observed<std::optional<CommandSnippet>> editingSnippet{m_observers}; // none: a new one
+    Observed<bool> showSnippetDeleteConfirm{m_observers, false};
+    Observed<std::optional<CommandSnippet>> snippetDeleteCandidate{m_observers};
+    Observed<bool> showError{m_observers, false};
+    Observed<std::string> errorText{m_observers};
+    Observed<bool> showCopiedToast{m_observers, false};
+    Observed<std::string> lastCopiedText{m_observers}; // names what was copied
+    Observed<bool> showImportConfirm{m_observers, false};
+    Observed<std::optional<KorvanBackup>> pendingImportBackup{m_observers};
+    Observed<bool> showAbout{m_observers, false};
+    Observed<SSHProfile> editorDraft{m_observers};
+    Observed<bool> editorIsEdit{m_observers, false};
+    Observed<Uuid> editorSessionID{m_observers, Uuid::random()};
+
+    // The profile that every single-profile action works on: the one selected first. Null when
+    // there is none by that id. Valid until the store changes.
+    [[nodiscard]] const SSHProfile* selectedProfile() const;
+
+    // The category that the filter names, null when there is none. Valid until the store changes.
+    [[nodiscard]] const SSHCategory* selectedCategory() const;
+
+    // The commands that the search text finds, in the store's order. Valid until the store changes.
+    [[nodiscard]] std::vector<const CommandSnippet*> filteredSnippets() const;
+
+    // The places in the store's list of the profiles that the filter admits, in its order.
+    [[nodiscard]] std::vector<std::size_t> filteredProfiles() const;
+
+    // Profiles. Where an action needs the selected profile and there is none, nothing happens.
+    void newProfile();
+    void editProfile();
+    void saveProfile(const SSHProfile& profile);
+    void requestDeleteProfile();
+    void confirmDeleteProfile();
+    void cancelDeleteProfile();
+    void connect(const SSHProfile& profile);
+    void connectSelectedProfile();
+    void copySSHCommand();
+    void selectProfile(const SSHProfile& profile);
+    void reloadAll();
+
+    // Categories. The last two work on the category that the filter names, if there is one.
+    void chooseCategoryFilter(const CategoryFilter& filter);
+    void newCategory();
+    void renameCategory(const SSHCategory& category);
+    void saveCategory(const SSHCategory& category);
+    void requestDeleteCategory(const SSHCategory& category);
+    void confirmDeleteCategory();
+    void cancelDeleteCategory();
+    void renameSelectedCategory();
+    void requestDeleteSelectedCategory();
+
+    // Commands.
+    void newSnippet();
+    void editSnippet(const CommandSnippet& snippet);
+    void saveSnippet(const CommandSnippet& snippet);
+    void requestDeleteSnippet(const CommandSnippet& snippet);
+    void confirmDeleteSnippet();
+    void cancelDeleteSnippet();
+    void copySnippet(const CommandSnippet& snippet);
+    void toggleSnippets();
+
+    // Puts `text` on the clipboard and shows the toast, which names it `label`.
+    void copyToClipboard(const std::string& text, std::string_view label);
+
+    // Backup. Both run a file panel; see actions/BackupFile.h for what can fail.
+    void exportBackup();
+    void importBackup();
+    void confirmImport();
+    void cancelImport();
+
+    void openAbout();
+
+private:
+    void beginProfileEditor(SSHProfile draft, bool isEdit);
+    void showToast(std::string_view label);
+    void showFailure(std::string_view prefix, const Error& error);
+
+    Desktop m_desktop;
+    TerminalLauncher m_terminalLauncher;
+    std::array<Subscription, 3> m_storeSubscriptions;
+    // Ends with this object: how work that was put off learns that the window is gone.
+    std::shared_ptr<ContentView*> m_self = std::make_shared<ContentView*>(this);
+};
+
+} // namespace korvan
