@@ -17,9 +17,19 @@ enum class SemanticColor {
     separator, // lines between regions
 };
 
+// Of the palette's current colour group: the colours of a disabled group are paler.
 [[nodiscard]] QColor colorFor(SemanticColor color, const QPalette& palette);
 
 // Whether the palette is a dark one: light text on a dark window.
 [[nodiscard]] bool isDark(const QPalette& palette);
+
+// `from` with the share 0...1 of `to` in it.
+[[nodiscard]] QColor mixed(const QColor& from, const QColor& to, double share);
+
+// How far two opaque colours stand apart, from 1 to 21, as the accessibility guidelines count it.
+[[nodiscard]] double contrast(const QColor& first, const QColor& second);
+
+// `color`, moved towards the text colour as far as text in it needs for a contrast of 4.5:1.
+[[nodiscard]] QColor readable(const QColor& color, const QPalette& palette);
 
 } // namespace korvan

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QString>
+#include <QStringList>
 #include <QToolButton>
 
 namespace korvan {
@@ -28,6 +29,7 @@ protected:
 
 private:
     void restyle();
+    void recolor();
 
     TextStyle m_style;
     SemanticColor m_color;
@@ -35,8 +37,9 @@ private:
     bool m_isBold = false;
 };
 
-// A text of at most `lines` lines; what does not fit ends in an ellipsis. Its size hint never
-// forces a window wider. A screen reader reads the whole text.
+// A text of at most `lines` lines, and as high as those that it needs; what does not fit ends in an
+// ellipsis. It never forces a window wider. A screen reader reads the whole text, and so does a
+// pointer that rests on a text that was cut.
 class ElidedLabel final : public Label {
     Q_OBJECT
 
@@ -47,21 +50,39 @@ public:
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
+    [[nodiscard]] int heightForWidth(int width) const override;
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    [[nodiscard]] QStringList shownLines(int width) const;
+
     int m_lines;
 };
+
+// `text` broken into at most `lines` lines of at most `width` logical pixels, the last one with an
+// ellipsis when more would follow. At least one line, which may be empty.
+[[nodiscard]] QStringList elidedLines(const QString& text, const QFont& font, int width, int lines);
 
 // A push button that shows a symbol and then its label. `color` is that of both.
 [[nodiscard]] QPushButton* makeButton(const QString& symbolIdentifier, const QString& label,
                                       SemanticColor color = SemanticColor::primary);
 
+// A push button whose label is red; filled with red where it is a dialog's default button.
+[[nodiscard]] QPushButton* makeDestructiveButton(const QString& label);
+
+// A button drawn as a link: its label alone, in the accent colour.
+[[nodiscard]] QPushButton* makeLinkButton(const QString& label);
+
 // A button that shows a symbol alone. Its tooltip is its accessible name, too.
 [[nodiscard]] QToolButton* makeSymbolButton(const QString& symbolIdentifier, const QString& tooltip,
                                             SemanticColor color = SemanticColor::primary);
+
+// The colour of a button's label, for buttons that another maker made. KorvanStyle draws by it.
+void setButtonColor(QPushButton& button, SemanticColor color);
+[[nodiscard]] SemanticColor buttonColor(const QWidget& button);
 
 // A line between two regions, one logical pixel thick.
 [[nodiscard]] QWidget* makeSeparator(Qt::Orientation orientation);

@@ -8,9 +8,13 @@
 
 namespace korvan {
 
-// The drawing named `identifier`, such as "arrow.clockwise", in a colour that follows the palette
-// and grows paler where its control is disabled. Sharp at every scale.
-[[nodiscard]] QIcon symbol(const QString& identifier,
-                           SemanticColor color = SemanticColor::primary);
+// The drawing named `identifier`, such as "arrow.clockwise", in a colour that follows the
+// application's palette and grows paler where its control is disabled. On a selected row and a
+// filled button it takes the colour of their text. Sharp at every scale. An unknown identifier
+// gives an empty icon.
+[[nodiscard]] QIcon symbol(const QString& identifier, SemanticColor color = SemanticColor::primary);
+
+// The program's own icon.
+[[nodiscard]] QIcon applicationIcon();
 
 } // namespace korvan

@@ -1,0 +1,220 @@
+// SPDX-License-Identifier: MIT
+#include "ui/style/Controls.h"
+
+#include "ui/style/Symbols.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QFontMetrics>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QTextLayout>
+#include <QToolTip>
+#include <QVariant>
+#include <algorithm>
+
+namespace korvan {
+
+namespace {
+
+constexpr auto kButtonColor = "korvanButtonColor";
+constexpr QSize kSymbolSize(16, 16);
+
+class Separator final : public QWidget {
+public:
+    explicit Separator(Qt::Orientation orientation) {
+        if (orientation == Qt::Horizontal) {
+            setFixedHeight(1);
+        } else {
+            setFixedWidth(1);
+        }
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter(this).fillRect(rect(), colorFor(SemanticColor::separator, palette()));
+    }
+};
+
+} // namespace
+
+Label::Label(const QString& text, TextStyle style, SemanticColor color, QWidget* parent)
+    : QLabel(text, parent), m_style(style), m_color(color) {
+    setTextFormat(Qt::PlainText);
+    restyle();
+    recolor();
+}
+
+void Label::setBold() {
+    m_isBold = true;
+    restyle();
+}
+
+void Label::setDesign(FontDesign design) {
+    m_design = design;
+    restyle();
+}
+
+void Label::changeEvent(QEvent* event) {
+    switch (event->type()) {
+    case QEvent::ApplicationFontChange: restyle(); break;
+    case QEvent::PaletteChange:
+    case QEvent::ParentChange: recolor(); break;
+    default: break;
+    }
+    QLabel::changeEvent(event);
+}
+
+void Label::restyle() {
+    auto font = fontFor(m_style, m_design);
+    if (m_isBold) {
+        font.setBold(true);
+    }
+    setFont(font);
+}
+
+// Setting a palette reports a change of it, which comes back here: only a difference is set.
+void Label::recolor() {
+    if (m_color == SemanticColor::primary) {
+        return;
+    }
+    auto surroundings = parentWidget() ? parentWidget()->palette() : QApplication::palette();
+    QPalette own;
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        surroundings.setCurrentColorGroup(group);
+        own.setColor(group, QPalette::WindowText, colorFor(m_color, surroundings));
+    }
+    const auto isSet = [this, &own](QPalette::ColorGroup group) {
+        return palette().color(group, QPalette::WindowText) ==
+               own.color(group, QPalette::WindowText);
+    };
+    if (!isSet(QPalette::Active) || !isSet(QPalette::Inactive) || !isSet(QPalette::Disabled)) {
+        setPalette(own);
+    }
+}
+
+ElidedLabel::ElidedLabel(TextStyle style, SemanticColor color, int lines, QWidget* parent)
+    : Label({}, style, color, parent), m_lines(lines) {
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    policy.setHeightForWidth(lines > 1);
+    setSizePolicy(policy);
+}
+
+QSize ElidedLabel::sizeHint() const {
+    const auto metrics = fontMetrics();
+    const auto size = metrics.size(0, text());
+    return {size.width() + 1, std::min(size.height(), m_lines * metrics.lineSpacing())};
+}
+
+QSize ElidedLabel::minimumSizeHint() const {
+    const auto metrics = fontMetrics();
+    return {metrics.horizontalAdvance(u'…'), metrics.lineSpacing()};
+}
+
+int ElidedLabel::heightForWidth(int width) const {
+    return static_cast<int>(shownLines(width).size()) * fontMetrics().lineSpacing();
+}
+
+bool ElidedLabel::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip && toolTip().isEmpty()) {
+        const bool isCut =
+            shownLines(width()).join(QString()).endsWith(u'…') && !text().endsWith(u'…');
+        if (isCut) {
+            QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text().toHtmlEscaped(),
+                               this);
+            return true;
+        }
+    }
+    return Label::event(event);
+}
+
+void ElidedLabel::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setPen(palette().color(foregroundRole()));
+    const auto alignment = QStyle::visualAlignment(layoutDirection(), this->alignment());
+    painter.drawText(contentsRect(), static_cast<int>(alignment) | Qt::TextIncludeTrailingSpaces,
+                     shownLines(contentsRect().width()).join(u'\n'));
+}
+
+QStringList ElidedLabel::shownLines(int width) const {
+    return elidedLines(text(), font(), width, m_lines);
+}
+
+QStringList elidedLines(const QString& text, const QFont& font, int width, int lines) {
+    auto whole = text;
+    whole.replace(u'\n', QChar::LineSeparator);
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    QTextLayout layout(whole, font);
+    layout.setTextOption(option);
+
+    QStringList shown;
+    qsizetype begin = 0;
+    layout.beginLayout();
+    for (auto line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        if (shown.size() + 1 == lines) {
+            break;
+        }
+        begin = line.textStart() + line.textLength();
+        shown.append(whole.mid(line.textStart(), line.textLength()).remove(QChar::LineSeparator));
+    }
+    layout.endLayout();
+    if (shown.size() < lines && (begin < whole.size() || shown.isEmpty())) {
+        auto rest = whole.mid(begin);
+        const auto end = rest.indexOf(QChar::LineSeparator);
+        if (end >= 0) {
+            rest = rest.left(end) + u'…';
+        }
+        shown.append(QFontMetrics(font).elidedText(rest, Qt::ElideRight, width));
+    }
+    return shown;
+}
+
+QPushButton* makeButton(const QString& symbolIdentifier, const QString& label,
+                        SemanticColor color) {
+    auto* button = new QPushButton(symbol(symbolIdentifier, color), label);
+    button->setIconSize(kSymbolSize);
+    setButtonColor(*button, color);
+    return button;
+}
+
+QPushButton* makeDestructiveButton(const QString& label) {
+    auto* button = new QPushButton(label);
+    setButtonColor(*button, SemanticColor::red);
+    return button;
+}
+
+QPushButton* makeLinkButton(const QString& label) {
+    auto* button = new QPushButton(label);
+    button->setFlat(true);
+    button->setAutoDefault(false);
+    button->setCursor(Qt::PointingHandCursor);
+    setButtonColor(*button, SemanticColor::accent);
+    return button;
+}
+
+QToolButton* makeSymbolButton(const QString& symbolIdentifier, const QString& tooltip,
+                              SemanticColor color) {
+    auto* button = new QToolButton;
+    button->setIcon(symbol(symbolIdentifier, color));
+    button->setIconSize(kSymbolSize);
+    button->setAutoRaise(true);
+    button->setToolTip(tooltip);
+    button->setAccessibleName(tooltip);
+    return button;
+}
+
+void setButtonColor(QPushButton& button, SemanticColor color) {
+    button.setProperty(kButtonColor, static_cast<int>(color));
+    button.update();
+}
+
+SemanticColor buttonColor(const QWidget& button) {
+    return static_cast<SemanticColor>(button.property(kButtonColor).toInt());
+}
+
+QWidget* makeSeparator(Qt::Orientation orientation) { return new Separator(orientation); }
+
+} // namespace korvan

@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+#include "ui/style/Symbols.h"
+
+#include <QFile>
+#include <QGuiApplication>
+#include <QIconEngine>
+#include <QPainter>
+#include <QPalette>
+#include <QPixmapCache>
+#include <QSvgRenderer>
+#include <memory>
+
+// The linker drops resources of a static library that nothing names. Outside of any namespace, as
+// the macro demands.
+static void initializeResources() {
+    Q_INIT_RESOURCE(symbols);
+    Q_INIT_RESOURCE(icon);
+}
+
+namespace korvan {
+
+namespace {
+
+class SymbolEngine final : public QIconEngine {
+public:
+    SymbolEngine(const QString& path, SemanticColor color)
+        : m_path(path), m_renderer(std::make_shared<QSvgRenderer>(path)), m_color(color) {}
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
+        const auto ratio = painter->device()->devicePixelRatioF();
+        auto pixmap = drawing((QSizeF(rect.size()) * ratio).toSize(), mode);
+        pixmap.setDevicePixelRatio(ratio);
+        painter->drawPixmap(rect.topLeft(), pixmap);
+    }
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State) override {
+        return drawing(size, mode);
+    }
+
+    // The size is one of device pixels already; the icon sets the ratio.
+    QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State, qreal) override {
+        return drawing(size, mode);
+    }
+
+    QSize actualSize(const QSize& size, QIcon::Mode, QIcon::State) override { return size; }
+    bool isNull() override { return !m_renderer->isValid(); }
+    QString iconName() override { return {}; }
+    QIconEngine* clone() const override { return new SymbolEngine(*this); }
+
+private:
+    QPixmap drawing(const QSize& size, QIcon::Mode mode) const {
+        const auto color = tint(mode);
+        const auto key = QStringLiteral("korvan:%1:%2:%3x%4")
+                             .arg(m_path, color.name(QColor::HexArgb))
+                             .arg(size.width())
+                             .arg(size.height());
+        QPixmap pixmap;
+        if (QPixmapCache::find(key, &pixmap)) {
+            return pixmap;
+        }
+        pixmap = QPixmap(size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        const int side = std::min(size.width(), size.height());
+        m_renderer->render(&painter, QRectF((size.width() - side) / 2.0,
+                                            (size.height() - side) / 2.0, side, side));
+        painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+        painter.fillRect(pixmap.rect(), color);
+        painter.end();
+        QPixmapCache::insert(key, pixmap);
+        return pixmap;
+    }
+
+    // Asked at every painting, so that an icon outlives a change of the palette.
+    QColor tint(QIcon::Mode mode) const {
+        auto palette = QGuiApplication::palette();
+        palette.setCurrentColorGroup(mode == QIcon::Disabled ? QPalette::Disabled
+                                                             : QPalette::Active);
+        return mode == QIcon::Selected ? palette.color(QPalette::HighlightedText)
+                                       : colorFor(m_color, palette);
+    }
+
+    QString m_path;
+    std::shared_ptr<QSvgRenderer> m_renderer; // shared by the copies; drawing leaves it as it is
+    SemanticColor m_color;
+};
+
+} // namespace
+
+QIcon symbol(const QString& identifier, SemanticColor color) {
+    initializeResources();
+    const auto path = QStringLiteral(":/symbols/%1.svg").arg(identifier);
+    return QFile::exists(path) ? QIcon(new SymbolEngine(path, color)) : QIcon();
+}
+
+QIcon applicationIcon() {
+    initializeResources();
+    return QIcon(QStringLiteral(":/icons/lumera.Korvan.svg"));
+}
+
+} // namespace korvan
