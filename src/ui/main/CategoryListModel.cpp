@@ -20,7 +20,7 @@ constexpr int kRowPadding = 4;
 constexpr int kRowInset = 10; // to the left and right of the content
 constexpr int kHeadingGap = 12; // above the section's heading
 constexpr int kSymbolSize = 14;
-constexpr double kHighlightOpacity = 0.15;
+constexpr float kHighlightOpacity = 0.15F;
 
 } // namespace
 

@@ -4,7 +4,7 @@
 #include "ui/main/CommandDatabasePanel.h"
 #include "ui/style/KorvanStyle.h"
 
-#include <QEvent>
+#include <QResizeEvent>
 #include <algorithm>
 
 namespace korvan {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "model/Uuid.h"
 #include "ui/main/ContentView.h"
 
 #include <QAbstractScrollArea>
