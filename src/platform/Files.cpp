@@ -92,7 +92,8 @@ fs::path folderOf(const fs::path& path) {
     return path.has_parent_path() ? path.parent_path() : fs::path(".");
 }
 
-// A file under a name of its own beside its target, removed again unless it took the target's place.
+// A file under a name of its own beside its target, removed again unless it took the target's
+// place.
 class TemporaryFile final {
 public:
     explicit TemporaryFile(const fs::path& target)
@@ -133,7 +134,7 @@ Error posixError(int code, std::string_view what, const fs::path& path) {
 Result<std::string> readFile(const fs::path& path) {
     // O_NONBLOCK: opening a pipe would wait for somebody to write into it.
     const Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-    struct stat status {};
+    struct stat status{};
     if (!file.isOpen() || ::fstat(file.number(), &status) != 0)
         return failureNow(kCannotRead, path);
     if (!S_ISREG(status.st_mode))
@@ -152,7 +153,8 @@ Result<std::string> readFile(const fs::path& path) {
         if (count < 0) return failureNow(kCannotRead, path);
         if (count == 0) break;
         length += static_cast<std::size_t>(count);
-        if (length == bytes.size()) expected = 2 * length + 4096; // it grows, or has no size of its own
+        if (length == bytes.size())
+            expected = 2 * length + 4096; // it grows, or has no size of its own
     }
     bytes.resize(length);
     return bytes;
@@ -164,7 +166,7 @@ Result<> writeFileAtomically(const fs::path& path, std::string_view bytes) {
     const fs::path target = error ? path : resolved;
 
     std::optional<mode_t> mode;
-    struct stat status {};
+    struct stat status{};
     if (::stat(target.c_str(), &status) == 0) {
         if (!S_ISREG(status.st_mode))
             return std::unexpected(
@@ -182,7 +184,7 @@ Result<> writeFileAtomically(const fs::path& path, std::string_view bytes) {
 }
 
 Result<> createFolder(const fs::path& path) {
-    struct stat status {};
+    struct stat status{};
     if (::stat(path.c_str(), &status) == 0) {
         if (S_ISDIR(status.st_mode)) return {};
         return std::unexpected(posixError(ENOTDIR, kCannotCreateFolder, path));
