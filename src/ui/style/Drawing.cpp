@@ -18,6 +18,7 @@ namespace {
 constexpr double kRadius = 6;
 constexpr double kSmallRadius = 4;
 constexpr int kIconGap = 6;
+constexpr QColor kRedFill(0xcb, 0x2f, 0x3e); // carries white text, on a light and a dark window
 
 // Saves the painter's state and puts it back, since styles share the painter of the widget.
 class Painting final {
@@ -81,8 +82,8 @@ bool isFilled(const QStyleOptionButton& button) {
 
 // The colour that fills a dialog's default button.
 QColor fillOf(const QStyleOptionButton& button, const QWidget* widget) {
-    const auto color = widget ? buttonColor(*widget) : SemanticColor::primary;
-    return colorFor(color == SemanticColor::red ? color : SemanticColor::accent, button.palette);
+    const bool isRed = widget && buttonColor(*widget) == SemanticColor::red;
+    return isRed ? kRedFill : colorFor(SemanticColor::accent, button.palette);
 }
 
 QColor textOn(const QColor& fill, const QPalette& palette) {
@@ -269,6 +270,28 @@ void drawHeaderLabel(QPainter& painter, const QStyleOptionHeader& header) {
     const auto text =
         QFontMetrics(font).elidedText(header.text, Qt::ElideRight, header.rect.width());
     painter.drawText(header.rect, static_cast<int>(alignment) | Qt::TextSingleLine, text);
+}
+
+void drawItemPanel(QPainter& painter, const QStyleOptionViewItem& item, bool isRound) {
+    if (item.backgroundBrush.style() != Qt::NoBrush) {
+        painter.fillRect(item.rect, item.backgroundBrush);
+    }
+    if (!has(item, QStyle::State_Selected)) {
+        return;
+    }
+    auto palette = item.palette;
+    if (has(item, QStyle::State_Enabled)) {
+        palette.setCurrentColorGroup(has(item, QStyle::State_Active) ? QPalette::Active
+                                                                     : QPalette::Inactive);
+    }
+    const auto fill = palette.color(QPalette::Highlight);
+    const bool isOnlyPart = item.viewItemPosition != QStyleOptionViewItem::OnlyOne &&
+                            item.viewItemPosition != QStyleOptionViewItem::Invalid;
+    if (isRound && !isOnlyPart) {
+        drawRounded(painter, item.rect, fill, {}, kSmallRadius);
+    } else {
+        painter.fillRect(item.rect, fill);
+    }
 }
 
 void drawItemFocus(QPainter& painter, const QStyleOption& option) {

@@ -28,6 +28,8 @@ void drawHairlineFrame(QPainter& painter, const QStyleOption& option);
 
 void drawHeaderSection(QPainter& painter, const QStyleOptionHeader& header);
 void drawHeaderLabel(QPainter& painter, const QStyleOptionHeader& header);
+// What stands behind a row's text. In a round frame the selection is round, too.
+void drawItemPanel(QPainter& painter, const QStyleOptionViewItem& item, bool isRound);
 // A row's mark of keyboard focus, which stands on the selection's colour or beside it.
 void drawItemFocus(QPainter& painter, const QStyleOption& option);
 

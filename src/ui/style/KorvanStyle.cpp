@@ -4,16 +4,18 @@
 #include "ui/style/Colors.h"
 #include "ui/style/Drawing.h"
 
-#include <QAbstractScrollArea>
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QDialog>
 #include <QHeaderView>
 #include <QListView>
 #include <QPainter>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QStyleOption>
 #include <QTextEdit>
+#include <QToolButton>
 #include <QTreeView>
 #include <algorithm>
 
@@ -36,8 +38,40 @@ bool isField(const QWidget* widget) {
            qobject_cast<const QListView*>(widget) || qobject_cast<const QTreeView*>(widget);
 }
 
-bool isFlatFrame(const QWidget* widget) {
-    return !widget || !qobject_cast<const QAbstractScrollArea*>(widget) || !isField(widget);
+// The frame of a list or a text edit. A list that was clicked has its selection to show for it.
+void drawArea(QPainter& painter, const QStyleOption& option, const QWidget* widget) {
+    QStyleOption area = option;
+    if (qobject_cast<const QAbstractItemView*>(widget) &&
+        !option.state.testFlag(QStyle::State_KeyboardFocusChange)) {
+        area.state &= ~QStyle::State_HasFocus;
+    }
+    drawField(painter, area);
+}
+
+// Where a control asks for a mark of focus beside what it draws itself.
+void drawFocus(QPainter& painter, const QStyleOption& option, const QWidget* widget) {
+    if (qobject_cast<const QPushButton*>(widget) || qobject_cast<const QComboBox*>(widget)) {
+        return; // a part of their panels
+    }
+    if (qobject_cast<const QAbstractItemView*>(widget)) {
+        return drawItemFocus(painter, option);
+    }
+    const bool isTool = qobject_cast<const QToolButton*>(widget);
+    drawFocusRing(painter, isTool ? widget->rect() : option.rect, option.palette);
+}
+
+// Draws the mark of the item that the pointer is on, and answers the item as it stands on the mark.
+QStyleOptionMenuItem unmarkedItem(const QStyleOptionMenuItem& item, QPainter& painter) {
+    auto plain = item;
+    if (item.state.testFlag(QStyle::State_Selected) && item.state.testFlag(QStyle::State_Enabled)) {
+        drawMenuSelection(painter, item.rect, item.palette);
+        const auto text = item.palette.color(QPalette::Active, QPalette::HighlightedText);
+        for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+            plain.palette.setColor(role, text);
+        }
+    }
+    plain.state &= ~(QStyle::State_Selected | QStyle::State_Sunken);
+    return plain;
 }
 
 QRect sliderRect(const QStyleOptionSlider& bar) {
@@ -104,8 +138,22 @@ QPalette KorvanStyle::standardPalette() const {
     return palette;
 }
 
+// Where a desktop brings no palette, the toolkit offers Fusion's as if it were the desktop's.
+void KorvanStyle::polish(QPalette& palette) {
+    const auto fusion = QProxyStyle::standardPalette();
+    const auto isFusion = [&](QPalette::ColorRole role) {
+        return palette.color(QPalette::Active, role) == fusion.color(QPalette::Active, role);
+    };
+    if (isFusion(QPalette::Window) && isFusion(QPalette::Base) && isFusion(QPalette::Highlight)) {
+        palette = standardPalette();
+    }
+}
+
 void KorvanStyle::polish(QWidget* widget) {
     QProxyStyle::polish(widget);
+    if (auto* header = qobject_cast<QHeaderView*>(widget)) {
+        header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter); // as the cells below it
+    }
     if (qobject_cast<QScrollBar*>(widget) || qobject_cast<QComboBox*>(widget)) {
         widget->setAttribute(Qt::WA_Hover);
     }
@@ -243,15 +291,7 @@ void KorvanStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
     case PE_PanelButtonTool: return drawToolButtonPanel(*painter, *option);
     case PE_FrameDefaultButton:
     case PE_FrameStatusBarItem: return;
-    case PE_FrameFocusRect:
-        if (qstyleoption_cast<const QStyleOptionButton*>(option) && option->type != 0 && widget &&
-            widget->inherits("QPushButton")) {
-            return; // a part of its panel
-        }
-        if (widget && widget->inherits("QAbstractItemView")) {
-            return drawItemFocus(*painter, *option);
-        }
-        return drawFocusRing(*painter, option->rect, option->palette);
+    case PE_FrameFocusRect: return drawFocus(*painter, *option, widget);
     case PE_PanelLineEdit: {
         const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
         if (frame && frame->lineWidth > 0) {
@@ -261,8 +301,13 @@ void KorvanStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
     }
     case PE_FrameLineEdit: return drawField(*painter, *option);
     case PE_Frame:
-        return isFlatFrame(widget) ? drawHairlineFrame(*painter, *option)
-                                   : drawField(*painter, *option);
+        return isField(widget) ? drawArea(*painter, *option, widget)
+                               : drawHairlineFrame(*painter, *option);
+    case PE_PanelItemViewItem:
+        if (const auto* item = qstyleoption_cast<const QStyleOptionViewItem*>(option)) {
+            return drawItemPanel(*painter, *item, isField(widget));
+        }
+        break;
     case PE_IndicatorCheckBox:
     case PE_IndicatorItemViewItemCheck: return drawCheckBox(*painter, *option);
     case PE_FrameMenu: return;
@@ -301,25 +346,19 @@ void KorvanStyle::drawControl(ControlElement element, const QStyleOption* option
     case CE_Splitter:
         return painter->fillRect(option->rect, colorFor(SemanticColor::separator, option->palette));
     case CE_MenuItem:
+        if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option)) {
+            // Fusion draws all but the mark, as it would an item without one.
+            const auto plain = unmarkedItem(*item, *painter);
+            return QProxyStyle::drawControl(element, &plain, painter, widget);
+        }
+        break;
     case CE_MenuBarItem:
         if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option)) {
-            auto plain = *item;
-            if (element == CE_MenuBarItem) {
-                painter->fillRect(item->rect, item->palette.color(QPalette::Window));
-            }
-            const bool isMarked = item->state.testFlag(State_Selected) &&
-                                  item->state.testFlag(State_Enabled) &&
-                                  item->menuItemType != QStyleOptionMenuItem::Separator;
-            if (isMarked) {
-                drawMenuSelection(*painter, item->rect, item->palette);
-                const auto text = item->palette.color(QPalette::Active, QPalette::HighlightedText);
-                for (const auto role :
-                     {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-                    plain.palette.setColor(role, text);
-                }
-            }
-            plain.state &= ~(State_Selected | State_Sunken);
-            return QProxyStyle::drawControl(element, &plain, painter, widget);
+            painter->fillRect(item->rect, item->palette.color(QPalette::Window));
+            const auto plain = unmarkedItem(*item, *painter);
+            return drawItemText(painter, item->rect, Qt::AlignCenter | Qt::TextShowMnemonic,
+                                plain.palette, item->state.testFlag(State_Enabled), item->text,
+                                QPalette::WindowText);
         }
         break;
     case CE_MenuBarEmptyArea:

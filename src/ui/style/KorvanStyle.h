@@ -16,10 +16,11 @@ class KorvanStyle final : public QProxyStyle {
 public:
     KorvanStyle();
 
-    // Where the desktop brings no palette of its own.
+    // The palette where the desktop brings none of its own.
     [[nodiscard]] QPalette standardPalette() const override;
 
     using QProxyStyle::polish;
+    void polish(QPalette& palette) override;
     void polish(QWidget* widget) override;
 
     [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption* option,
