@@ -12,6 +12,18 @@ class KorvanStyle final : public QProxyStyle {
 
 public:
     KorvanStyle();
+
+    enum class Motion { full, reduced };
+
+    // Whether parts of a window may slide and fade. Full unless the desktop asks for less.
+    void setMotion(Motion motion) { m_motion = motion; }
+    [[nodiscard]] Motion motion() const { return m_motion; }
+
+private:
+    Motion m_motion = Motion::full;
 };
+
+// How long a movement of `widget` takes, in milliseconds; 0 where nothing should move.
+[[nodiscard]] int animationDuration(const QWidget& widget);
 
 } // namespace korvan

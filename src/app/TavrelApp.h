@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Desktop.h"
+#include "platform/desktop/DesktopClipboard.h"
+#include "platform/desktop/DesktopFilePanels.h"
+#include "platform/desktop/DesktopMainQueue.h"
+#include "platform/desktop/DesktopWorkspace.h"
+
+#include <QObject>
+#include <filesystem>
+#include <memory>
+#include <vector>
+
+namespace korvan {
+
+// The application: its windows, and what they share of the desktop. Needs a QApplication.
+//
+// Each window has a state, stores and a connection to the database of its own; windows share data
+// only through the file.
+class TavrelApp final : public QObject {
+    Q_OBJECT
+
+public:
+    // `helperProgram` keeps a terminal's window open after a failed command.
+    TavrelApp(std::filesystem::path database, const std::filesystem::path& helperProgram);
+    ~TavrelApp() override;
+
+    void openWindow();
+
+private:
+    struct Scene;
+
+    void closeScene(const Scene* scene);
+
+    std::filesystem::path m_database;
+    DesktopClipboard m_clipboard;
+    DesktopWorkspace m_workspace;
+    DesktopFilePanels m_filePanels;
+    DesktopMainQueue m_mainQueue;
+    Desktop m_desktop;
+    std::vector<std::unique_ptr<Scene>> m_scenes; // one for each window
+};
+
+} // namespace korvan

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#include "app/TavrelApp.h"
+#include "platform/desktop/DesktopWorkspace.h"
+#include "platform/desktop/QtText.h"
+#include "platform/desktop/SqliteKeyValueStore.h"
+#include "ui/style/KorvanStyle.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+
+namespace {
+
+// The interface is German, and so are the toolkit's own texts, whatever the desktop's language.
+void speakGerman(QApplication& application, QTranslator& translator) {
+    QLocale::setDefault(QLocale(QLocale::German));
+    if (translator.load(u"qtbase_de"_qs, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&translator);
+    application.setLayoutDirection(Qt::LeftToRight);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(u"korvan"_qs);
+    QApplication::setApplicationDisplayName(u"Korvan"_qs);
+    QGuiApplication::setDesktopFileName(u"" KORVAN_IDENTIFIER ""_qs);
+    QApplication::setStyle(new korvan::KorvanStyle);
+    QApplication::setWindowIcon(QIcon(u":/icons/lumera.Korvan.svg"_qs));
+    QTranslator translator;
+    speakGerman(application, translator);
+
+    const std::string folder = korvan::fromQString(QApplication::applicationDirPath());
+    korvan::TavrelApp app(korvan::defaultDatabasePath(), korvan::helperProgramPath(folder));
+    app.openWindow();
+    return QApplication::exec();
+}

@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: MIT
+#include "ui/main/CategoryListModel.h"
+
+#include "platform/desktop/QtText.h"
+#include "ui/style/Colors.h"
+#include "ui/style/Symbols.h"
+#include "ui/style/TextStyles.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+#include <QStyle>
+#include <algorithm>
+#include <utility>
+
+namespace korvan {
+
+namespace {
+
+constexpr int kRowPadding = 4;
+constexpr int kRowInset = 10; // to the left and right of the content
+constexpr int kHeadingGap = 12; // above the section's heading
+constexpr int kSymbolSize = 14;
+constexpr float kHighlightOpacity = 0.15F;
+
+} // namespace
+
+CategoryListModel::CategoryListModel(const ContentView& view, QObject* parent)
+    : QAbstractListModel(parent), m_view(view), m_rows(makeRows()),
+      m_revision(view.categoryStore.revision()), m_shownFilter(view.categoryFilter) {}
+
+std::vector<CategoryListModel::Row> CategoryListModel::makeRows() const {
+    std::vector<Row> rows;
+    rows.push_back({u"Alle"_qs, CategoryFilter::all()});
+    rows.push_back({u"Ohne Kategorie"_qs, CategoryFilter::uncategorized()});
+    rows.push_back({u"Eigene Kategorien"_qs, std::nullopt});
+    for (const SSHCategory& category : m_view.categoryStore.categories())
+        rows.push_back({toQString(category.name), CategoryFilter::category(category.id)});
+    return rows;
+}
+
+void CategoryListModel::refresh() {
+    const std::uint64_t revision = m_view.categoryStore.revision();
+    if (m_revision == revision && m_shownFilter == m_view.categoryFilter) return;
+    m_shownFilter = m_view.categoryFilter;
+    if (m_revision == revision) {
+        Q_EMIT dataChanged(index(0), index(rowCount() - 1));
+        return;
+    }
+    m_revision = revision;
+    std::vector<Row> rows = makeRows();
+    const bool sameFilters = std::ranges::equal(rows, m_rows, {}, &Row::filter, &Row::filter);
+    if (!sameFilters) beginResetModel();
+    m_rows = std::move(rows);
+    if (!sameFilters)
+        endResetModel();
+    else
+        Q_EMIT dataChanged(index(0), index(rowCount() - 1));
+}
+
+std::optional<CategoryFilter> CategoryListModel::filterAt(int row) const {
+    if (row < 0 || row >= rowCount()) return std::nullopt;
+    return m_rows[static_cast<std::size_t>(row)].filter;
+}
+
+const SSHCategory* CategoryListModel::categoryAt(int row) const {
+    const auto filter = filterAt(row);
+    const auto id = filter ? filter->categoryId() : std::nullopt;
+    return id ? m_view.categoryStore.find(*id) : nullptr;
+}
+
+bool CategoryListModel::isMarked(int row) const {
+    const auto filter = filterAt(row);
+    return filter && *filter == *m_view.categoryFilter;
+}
+
+int CategoryListModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+}
+
+QVariant CategoryListModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid() || index.row() >= rowCount()) return {};
+    const Row& row = m_rows[static_cast<std::size_t>(index.row())];
+    switch (role) {
+    case Qt::DisplayRole: return row.title;
+    case Qt::AccessibleDescriptionRole:
+        return isMarked(index.row()) ? u"Aktiver Filter"_qs : QString();
+    default: return {};
+    }
+}
+
+Qt::ItemFlags CategoryListModel::flags(const QModelIndex& index) const {
+    if (!filterAt(index.row())) return Qt::NoItemFlags;
+    return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
+}
+
+FilterRowDelegate::FilterRowDelegate(const CategoryListModel& model, QObject* parent)
+    : QStyledItemDelegate(parent), m_model(model) {}
+
+QSize FilterRowDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const {
+    const bool isHeading = !m_model.filterAt(index.row());
+    const QFontMetrics metrics(fontFor(isHeading ? TextStyle::subheadline : TextStyle::body));
+    return {0, metrics.height() + 2 * kRowPadding + (isHeading ? kHeadingGap : 4)};
+}
+
+void FilterRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                              const QModelIndex& index) const {
+    painter->save();
+    const bool isHeading = !m_model.filterAt(index.row());
+    const bool isMarked = m_model.isMarked(index.row());
+    if (isMarked) {
+        QColor highlight = colorFor(SemanticColor::accent, option.palette);
+        highlight.setAlphaF(kHighlightOpacity);
+        painter->fillRect(option.rect, highlight);
+    }
+    QRect content = option.rect.adjusted(kRowInset, isHeading ? kHeadingGap : 0, -kRowInset, 0);
+    if (isMarked) {
+        const QRect mark = QStyle::alignedRect(option.direction, Qt::AlignRight | Qt::AlignVCenter,
+                                               {kSymbolSize, kSymbolSize}, content);
+        symbol(u"checkmark"_qs, SemanticColor::secondary).paint(painter, mark);
+        content.setRight(mark.left() - kRowInset);
+    }
+    QFont font = fontFor(isHeading ? TextStyle::subheadline : TextStyle::body);
+    font.setBold(isHeading);
+    painter->setFont(font);
+    painter->setPen(colorFor(isHeading ? SemanticColor::secondary : SemanticColor::primary,
+                             option.palette));
+    const QString text = QFontMetrics(font).elidedText(index.data().toString(), Qt::ElideRight,
+                                                       content.width());
+    painter->drawText(content, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
+
+    // Seen by keyboard users only: where the next Return would filter.
+    if (option.state.testFlag(QStyle::State_HasFocus)) {
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(colorFor(SemanticColor::accent, option.palette));
+        painter->drawRoundedRect(QRectF(option.rect).adjusted(1.5, 1.5, -1.5, -1.5), 4, 4);
+    }
+    painter->restore();
+}
+
+} // namespace korvan

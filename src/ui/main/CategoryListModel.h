@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/main/CategoryFilter.h"
+#include "ui/main/ContentView.h"
+
+#include <QAbstractListModel>
+#include <QString>
+#include <QStyledItemDelegate>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace korvan {
+
+// The rows of the sidebar: all, those without a category, a heading, and one row per category.
+// Reads the window's state, which must outlive it.
+class CategoryListModel final : public QAbstractListModel {
+    Q_OBJECT
+
+public:
+    explicit CategoryListModel(const ContentView& view, QObject* parent = nullptr);
+
+    void refresh();
+
+    // The filter that a row stands for, nothing for the heading.
+    [[nodiscard]] std::optional<CategoryFilter> filterAt(int row) const;
+
+    // The category of a row, null for every other row. Valid until the store changes.
+    [[nodiscard]] const SSHCategory* categoryAt(int row) const;
+
+    // Whether the row is the one whose filter the window uses.
+    [[nodiscard]] bool isMarked(int row) const;
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+private:
+    struct Row {
+        QString title;
+        std::optional<CategoryFilter> filter;
+    };
+
+    [[nodiscard]] std::vector<Row> makeRows() const;
+
+    const ContentView& m_view;
+    std::vector<Row> m_rows;
+    std::uint64_t m_revision = 0;
+    CategoryFilter m_shownFilter = CategoryFilter::all();
+};
+
+// Draws the rows of a CategoryListModel: title, checkmark and highlight.
+class FilterRowDelegate final : public QStyledItemDelegate {
+    Q_OBJECT
+
+public:
+    explicit FilterRowDelegate(const CategoryListModel& model, QObject* parent = nullptr);
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const override;
+
+private:
+    const CategoryListModel& m_model;
+};
+
+} // namespace korvan

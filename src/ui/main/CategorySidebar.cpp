@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+#include "ui/main/CategorySidebar.h"
+
+#include "ui/main/CategoryListModel.h"
+#include "ui/style/Controls.h"
+
+#include <QContextMenuEvent>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QListView>
+#include <QMenu>
+#include <QVBoxLayout>
+
+namespace korvan {
+
+namespace {
+
+constexpr int kPadding = 12;
+constexpr int kSpacing = 10;
+constexpr int kMinimumWidth = 200;
+constexpr int kIdealWidth = 240;
+constexpr int kMaximumWidth = 380;
+
+} // namespace
+
+CategorySidebar::CategorySidebar(ContentView& view, QWidget* parent)
+    : QWidget(parent), m_view(view), m_model(new CategoryListModel(view, this)),
+      m_list(new QListView) {
+    setAutoFillBackground(true);
+    setMinimumWidth(kMinimumWidth);
+    setMaximumWidth(kMaximumWidth);
+    resize(kIdealWidth, height());
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(kPadding, kPadding, kPadding, kPadding);
+    layout->setSpacing(kSpacing);
+    layout->addWidget(makeHeading());
+
+    m_list->setModel(m_model);
+    m_list->setItemDelegate(new FilterRowDelegate(*m_model, m_list));
+    m_list->setAccessibleName(u"Kategorien"_qs);
+    m_list->setSelectionMode(QAbstractItemView::NoSelection);
+    m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    m_list->installEventFilter(this);
+    m_list->viewport()->installEventFilter(this);
+    connect(m_list, &QListView::clicked, this, &CategorySidebar::chooseRow);
+    layout->addWidget(m_list, 1);
+    refresh();
+}
+
+QWidget* CategorySidebar::makeHeading() {
+    auto* heading = new QWidget;
+    auto* layout = new QHBoxLayout(heading);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(4);
+    layout->addWidget(new Label(u"Kategorien"_qs, TextStyle::headline), 1);
+    QToolButton* add = makeSymbolButton(u"plus"_qs, u"Kategorie hinzufügen"_qs);
+    m_renameButton = makeSymbolButton(u"pencil"_qs, u"Kategorie umbenennen"_qs);
+    m_deleteButton = makeSymbolButton(u"trash"_qs, u"Kategorie löschen"_qs, SemanticColor::red);
+    connect(add, &QToolButton::clicked, this, [this] { m_view.newCategory(); });
+    connect(m_renameButton, &QToolButton::clicked, this,
+            [this] { m_view.renameSelectedCategory(); });
+    connect(m_deleteButton, &QToolButton::clicked, this,
+            [this] { m_view.requestDeleteSelectedCategory(); });
+    layout->addWidget(add);
+    layout->addWidget(m_renameButton);
+    layout->addWidget(m_deleteButton);
+    return heading;
+}
+
+void CategorySidebar::refresh() {
+    const int current = m_list->currentIndex().row();
+    m_model->refresh();
+    // A list that was filled anew goes on where the keyboard was.
+    if (current >= 0 && !m_list->currentIndex().isValid())
+        m_list->setCurrentIndex(m_model->index(qMin(current, m_model->rowCount() - 1)));
+    const bool hasCategory = m_view.selectedCategory() != nullptr;
+    m_renameButton->setEnabled(hasCategory);
+    m_deleteButton->setEnabled(hasCategory);
+}
+
+void CategorySidebar::chooseRow(const QModelIndex& index) {
+    if (const auto filter = m_model->filterAt(index.row())) m_view.chooseCategoryFilter(*filter);
+}
+
+void CategorySidebar::openMenu(const QModelIndex& index, QPoint globalPosition) {
+    const SSHCategory* category = m_model->categoryAt(index.row());
+    if (!category) return;
+    // A copy: the list may be another one by the time the user has chosen.
+    const SSHCategory chosen = *category;
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    connect(menu->addAction(u"Umbenennen…"_qs), &QAction::triggered, this,
+            [this, chosen] { m_view.renameCategory(chosen); });
+    connect(menu->addAction(u"Löschen…"_qs), &QAction::triggered, this,
+            [this, chosen] { m_view.requestDeleteCategory(chosen); });
+    menu->popup(globalPosition);
+}
+
+bool CategorySidebar::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ContextMenu) {
+        const auto* menu = static_cast<QContextMenuEvent*>(event);
+        const bool isByKey = menu->reason() == QContextMenuEvent::Keyboard;
+        // The list and its viewport both see the event; the mouse's belongs to the viewport.
+        if (!isByKey && watched != m_list->viewport()) return false;
+        const QModelIndex index = isByKey ? m_list->currentIndex() : m_list->indexAt(menu->pos());
+        const QPoint place = isByKey ? m_list->viewport()->mapToGlobal(
+                                           m_list->visualRect(index).bottomLeft())
+                                     : menu->globalPos();
+        openMenu(index, place);
+        return true;
+    }
+    if (watched == m_list && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space) {
+            chooseRow(m_list->currentIndex());
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+} // namespace korvan

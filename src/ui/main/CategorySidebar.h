@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/main/ContentView.h"
+
+#include <QWidget>
+
+class QListView;
+class QToolButton;
+
+namespace korvan {
+
+class CategoryListModel;
+
+// The column of category filters. A click on a row, or Return on it, filters the table; a category
+// has a context menu. The state must outlive it.
+class CategorySidebar final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit CategorySidebar(ContentView& view, QWidget* parent = nullptr);
+
+    void refresh();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QWidget* makeHeading();
+    void chooseRow(const QModelIndex& index);
+    void openMenu(const QModelIndex& index, QPoint globalPosition);
+
+    ContentView& m_view;
+    CategoryListModel* m_model;
+    QListView* m_list;
+    QToolButton* m_renameButton = nullptr;
+    QToolButton* m_deleteButton = nullptr;
+};
+
+} // namespace korvan

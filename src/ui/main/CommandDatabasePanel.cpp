@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "ui/main/CommandDatabasePanel.h"
+
+#include "platform/desktop/QtText.h"
+#include "ui/main/SnippetList.h"
+#include "ui/style/Controls.h"
+
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QVBoxLayout>
+
+namespace korvan {
+
+namespace {
+
+constexpr int kPadding = 12;
+constexpr int kSpacing = 10;
+
+QString activeProfileText(const SSHProfile& profile) {
+    return toQString("Aktiv: " + profile.name + "  (" + profile.target() + ":" +
+                     std::to_string(profile.port) + ")");
+}
+
+} // namespace
+
+CommandDatabasePanel::CommandDatabasePanel(ContentView& view, QWidget* parent)
+    : QWidget(parent), m_view(view), m_search(new QLineEdit),
+      m_activeProfile(new ElidedLabel(TextStyle::caption, SemanticColor::secondary)),
+      m_tip(new Label(u"Tipp: Profil auswählen → {HOST}/{USER}/{PORT}/{TARGET} werden ersetzt."_qs,
+                      TextStyle::caption, SemanticColor::secondary)),
+      m_list(new SnippetList(view)) {
+    setAutoFillBackground(true);
+    m_search->setPlaceholderText(u"Suchen…"_qs);
+    m_search->setAccessibleName(u"Befehle suchen"_qs);
+    m_search->setClearButtonEnabled(true);
+    m_tip->setWordWrap(true);
+    connect(m_search, &QLineEdit::textChanged, this,
+            [this](const QString& text) { m_view.snippetSearch = fromQString(text); });
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(kPadding, kPadding, kPadding, kPadding);
+    layout->setSpacing(kSpacing);
+    layout->addWidget(makeHeader());
+    layout->addWidget(m_search);
+    layout->addWidget(m_activeProfile);
+    layout->addWidget(m_tip);
+    layout->addWidget(m_list, 1);
+    refresh();
+}
+
+QWidget* CommandDatabasePanel::makeHeader() {
+    auto* header = new QWidget;
+    auto* layout = new QHBoxLayout(header);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(new Label(u"Befehlsdatenbank"_qs, TextStyle::headline), 1);
+    QPushButton* add = makeButton(u"plus"_qs, u"Neu"_qs);
+    add->setToolTip(u"Neuen Befehl anlegen"_qs);
+    add->setAccessibleName(u"Neuen Befehl anlegen"_qs);
+    connect(add, &QPushButton::clicked, this, [this] { m_view.newSnippet(); });
+    QToolButton* hide = makeSymbolButton(u"sidebar.right"_qs, u"Liste ausblenden"_qs);
+    connect(hide, &QToolButton::clicked, this, [this] { m_view.showSnippets = false; });
+    layout->addWidget(add);
+    layout->addWidget(hide);
+    return header;
+}
+
+void CommandDatabasePanel::refresh() {
+    const QString search = toQString(*m_view.snippetSearch);
+    if (m_search->text() != search) m_search->setText(search);
+    const SSHProfile* profile = m_view.selectedProfile();
+    m_activeProfile->setText(profile ? activeProfileText(*profile) : QString());
+    m_activeProfile->setVisible(profile != nullptr);
+    m_tip->setVisible(profile == nullptr);
+    m_list->refresh();
+}
+
+} // namespace korvan

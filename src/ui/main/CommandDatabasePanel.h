@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/main/ContentView.h"
+
+#include <QWidget>
+
+class QLineEdit;
+
+namespace korvan {
+
+class ElidedLabel;
+class Label;
+class SnippetList;
+
+// The column of commands: search field, the profile they are filled from, and the list. The state
+// must outlive it.
+class CommandDatabasePanel final : public QWidget {
+    Q_OBJECT
+
+public:
+    static constexpr int kMinimumWidth = 340;
+    static constexpr int kIdealWidth = 440;
+    static constexpr int kMaximumWidth = 560;
+
+    explicit CommandDatabasePanel(ContentView& view, QWidget* parent = nullptr);
+
+    void refresh();
+
+private:
+    QWidget* makeHeader();
+
+    ContentView& m_view;
+    QLineEdit* m_search;
+    ElidedLabel* m_activeProfile;
+    Label* m_tip;
+    SnippetList* m_list;
+};
+
+} // namespace korvan

@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+#include "ui/main/ContentWindow.h"
+
+#include "ui/main/CategorySidebar.h"
+#include "ui/main/CommandDatabasePanel.h"
+#include "ui/main/ContentSplitter.h"
+#include "ui/main/HeaderBar.h"
+#include "ui/main/ProfileTable.h"
+#include "ui/main/Toast.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMenuBar>
+#include <QScreen>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+namespace korvan {
+
+namespace {
+
+constexpr QSize kMinimumSplit(980, 520);
+constexpr QSize kIdealSize(1460, 820);
+constexpr int kSidebarWidth = 240;
+constexpr int kTableWidth = 760;
+
+} // namespace
+
+ContentWindow::ContentWindow(ContentView& view) : m_view(view) {
+    setWindowTitle(u"Korvan"_qs);
+    makeMenu();
+    makeContent();
+    resize(kIdealSize.boundedTo(screen()->availableSize() * 0.95));
+    refresh();
+    m_subscription = m_view.observe([this] { refreshSoon(); });
+}
+
+ContentWindow::~ContentWindow() = default;
+
+void ContentWindow::makeMenu() {
+    QMenu* file = menuBar()->addMenu(u"Datei"_qs);
+    file->addAction(u"Neues Fenster"_qs, QKeySequence(Qt::CTRL | Qt::Key_N), this,
+                    &ContentWindow::newWindowRequested);
+    file->addAction(u"Fenster schließen"_qs, QKeySequence(Qt::CTRL | Qt::Key_W), this,
+                    &ContentWindow::close);
+    file->addSeparator();
+    file->addAction(u"Beenden"_qs, QKeySequence(Qt::CTRL | Qt::Key_Q), qApp,
+                    &QApplication::closeAllWindows);
+}
+
+void ContentWindow::makeContent() {
+    m_header = new HeaderBar(m_view);
+    m_sidebar = new CategorySidebar(m_view);
+    m_table = new ProfileTable(m_view);
+    m_panel = new CommandDatabasePanel(m_view);
+    m_splitter = new ContentSplitter(m_table, m_panel);
+
+    auto* split = new QSplitter(Qt::Horizontal);
+    split->setChildrenCollapsible(false);
+    split->setMinimumSize(kMinimumSplit);
+    split->addWidget(m_sidebar);
+    split->addWidget(m_splitter);
+    split->setStretchFactor(0, 0);
+    split->setStretchFactor(1, 1);
+    split->setSizes({kSidebarWidth, kTableWidth + CommandDatabasePanel::kIdealWidth});
+
+    auto* content = new QWidget;
+    auto* layout = new QVBoxLayout(content);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_header);
+    layout->addWidget(split, 1);
+    setCentralWidget(content);
+    m_toast = new Toast(m_view, content);
+}
+
+void ContentWindow::refreshSoon() {
+    if (m_isStale) return;
+    m_isStale = true;
+    QMetaObject::invokeMethod(this, &ContentWindow::refresh, Qt::QueuedConnection);
+}
+
+void ContentWindow::refresh() {
+    m_isStale = false;
+    m_header->refresh();
+    m_sidebar->refresh();
+    m_table->refresh();
+    m_panel->refresh();
+    m_splitter->setPanel(m_view.showSnippets ? ContentSplitter::Panel::shown
+                                             : ContentSplitter::Panel::hidden);
+    m_toast->refresh();
+}
+
+void ContentWindow::closeEvent(QCloseEvent* event) {
+    event->accept();
+    Q_EMIT closed();
+}
+
+} // namespace korvan

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/main/ContentView.h"
+
+#include <QWidget>
+#include <vector>
+
+class QHBoxLayout;
+class QPushButton;
+
+namespace korvan {
+
+// The window's bar of actions. The state must outlive it.
+//
+// Where the bar is too narrow for all labels, the title is cut first and then the labels of the
+// buttons go, from the least needed on; their symbols, tooltips and names stay.
+class HeaderBar final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit HeaderBar(ContentView& view, QWidget* parent = nullptr);
+
+    void refresh();
+
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    enum class Target { none, selectedProfile };
+    using Action = void (ContentView::*)();
+
+    QPushButton* addButton(const QString& symbol, const QString& label, Action action,
+                           Target target = Target::none);
+    void addDivider();
+    void setLabel(QPushButton* button, const QString& label);
+    void fitLabels();
+
+    ContentView& m_view;
+    QHBoxLayout* m_layout;
+    QWidget* m_title;
+    std::vector<QPushButton*> m_buttons;        // from left to right
+    std::vector<QPushButton*> m_profileButtons; // those that need a selected profile
+    QPushButton* m_panelToggle;
+};
+
+} // namespace korvan

@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: MIT
+#include "ui/main/ProfileTableModel.h"
+
+#include "model/Text.h"
+#include "platform/desktop/QtText.h"
+#include "ui/style/Colors.h"
+#include "ui/style/TextStyles.h"
+
+#include <QGuiApplication>
+#include <QPalette>
+#include <utility>
+
+namespace korvan {
+
+namespace {
+
+// A cell has one line, whatever the text holds.
+QString onOneLine(const std::string& text) {
+    QString line = toQString(text);
+    for (QChar& character : line)
+        if (character == u'\n' || character == u'\r' || character == QChar::LineSeparator ||
+            character == QChar::ParagraphSeparator)
+            character = u' ';
+    return line;
+}
+
+QString cellText(const SSHProfile& profile, int column) {
+    switch (column) {
+    case ProfileTableModel::name: return onOneLine(profile.name);
+    case ProfileTableModel::host: return onOneLine(profile.host);
+    case ProfileTableModel::port: return QString::number(profile.port);
+    case ProfileTableModel::user: return onOneLine(profile.user);
+    case ProfileTableModel::password: return isBlank(profile.password) ? QString() : u"••••••••"_qs;
+    case ProfileTableModel::key: return isBlank(profile.identityFile) ? QString() : u"✓"_qs;
+    default: return {};
+    }
+}
+
+// What a screen reader says: bullets and ticks do not read well.
+QString spokenText(const SSHProfile& profile, int column) {
+    const QString text = cellText(profile, column);
+    const bool isMark =
+        column == ProfileTableModel::password || column == ProfileTableModel::key;
+    return isMark ? (text.isEmpty() ? u"Nicht vorhanden"_qs : u"Vorhanden"_qs) : text;
+}
+
+QColor cellColor(const SSHProfile& profile, int column) {
+    const QPalette palette = QGuiApplication::palette();
+    switch (column) {
+    case ProfileTableModel::password: return colorFor(SemanticColor::secondary, palette);
+    case ProfileTableModel::key:
+        return colorFor(isBlank(profile.identityFile) ? SemanticColor::secondary
+                                                      : SemanticColor::green,
+                        palette);
+    default: return colorFor(SemanticColor::primary, palette);
+    }
+}
+
+} // namespace
+
+ProfileTableModel::ProfileTableModel(const ContentView& view, QObject* parent)
+    : QAbstractTableModel(parent), m_view(view) {
+    restyle();
+    assign(m_view.filteredProfiles());
+}
+
+void ProfileTableModel::restyle() {
+    m_bodyFont = fontFor(TextStyle::body);
+    m_monospacedFont = fontFor(TextStyle::body, FontDesign::monospaced);
+}
+
+bool ProfileTableModel::refresh() {
+    if (m_revision == m_view.store.revision() && m_filter == m_view.categoryFilter) return false;
+    std::vector<std::size_t> places = m_view.filteredProfiles();
+    if (showsTheSameRows(places)) {
+        // An edit in place: the table keeps its selection and scroll position by itself.
+        assign(std::move(places));
+        if (rowCount() > 0) Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnTotal - 1));
+        return false;
+    }
+    beginResetModel();
+    assign(std::move(places));
+    endResetModel();
+    return true;
+}
+
+bool ProfileTableModel::showsTheSameRows(const std::vector<std::size_t>& places) const {
+    if (places.size() != m_ids.size()) return false;
+    for (std::size_t row = 0; row < places.size(); ++row)
+        if (m_view.store.profiles()[places[row]].id != m_ids[row]) return false;
+    return true;
+}
+
+void ProfileTableModel::assign(std::vector<std::size_t> places) {
+    m_places = std::move(places);
+    m_ids.clear();
+    m_ids.reserve(m_places.size());
+    for (const std::size_t place : m_places) m_ids.push_back(m_view.store.profiles()[place].id);
+    m_revision = m_view.store.revision();
+    m_filter = m_view.categoryFilter;
+}
+
+const SSHProfile* ProfileTableModel::profileAt(int row) const {
+    if (row < 0 || row >= rowCount()) return nullptr;
+    // The store may have moved on; the next refresh follows it.
+    const std::size_t place = m_places[static_cast<std::size_t>(row)];
+    const std::vector<SSHProfile>& profiles = m_view.store.profiles();
+    return place < profiles.size() ? &profiles[place] : nullptr;
+}
+
+int ProfileTableModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(m_places.size());
+}
+
+int ProfileTableModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : columnTotal;
+}
+
+QVariant ProfileTableModel::data(const QModelIndex& index, int role) const {
+    const SSHProfile* profile = profileAt(index.row());
+    if (!profile) return {};
+    const int column = index.column();
+    switch (role) {
+    case Qt::DisplayRole: return cellText(*profile, column);
+    case Qt::AccessibleTextRole: return spokenText(*profile, column);
+    case Qt::ForegroundRole: return cellColor(*profile, column);
+    case Qt::FontRole:
+        return column == host || column == port || column == user ? m_monospacedFont : m_bodyFont;
+    default: return {};
+    }
+}
+
+QVariant ProfileTableModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal) return {};
+    if (role == Qt::TextAlignmentRole) return QVariant(Qt::AlignLeft | Qt::AlignVCenter);
+    if (role != Qt::DisplayRole) return {};
+    switch (section) {
+    case name: return u"Name"_qs;
+    case host: return u"IP / Host"_qs;
+    case port: return u"Port"_qs;
+    case user: return u"Benutzer"_qs;
+    case password: return u"Passwort"_qs;
+    case key: return u"Key"_qs;
+    default: return {};
+    }
+}
+
+} // namespace korvan

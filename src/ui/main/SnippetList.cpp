@@ -1,0 +1,177 @@
+// SPDX-License-Identifier: MIT
+#include "ui/main/SnippetList.h"
+
+#include "ui/main/SnippetRow.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <algorithm>
+#include <utility>
+
+namespace korvan {
+
+namespace {
+
+constexpr int kScrollStep = 24;
+
+} // namespace
+
+SnippetList::SnippetList(ContentView& view, QWidget* parent)
+    : QAbstractScrollArea(parent), m_view(view) {
+    setAccessibleName(u"Befehle"_qs);
+    setFocusPolicy(Qt::StrongFocus);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    // Always there: a bar that comes and goes would change every row's width.
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    verticalScrollBar()->setSingleStep(kScrollStep);
+    refresh();
+}
+
+SnippetList::~SnippetList() = default;
+
+bool SnippetList::isUpToDate() const {
+    return m_shown && m_shown->revision == m_view.snippetStore.revision();
+}
+
+void SnippetList::refresh() {
+    const SSHProfile* profile = m_view.selectedProfile();
+    const bool isSameProfile =
+        m_shown && (profile ? m_shown->profile == *profile : !m_shown->profile);
+    if (isUpToDate() && m_shown->search == *m_view.snippetSearch && isSameProfile) return;
+    const bool isSameSearch = m_shown && m_shown->search == *m_view.snippetSearch;
+    m_shown = Shown{m_view.snippetStore.revision(), m_view.snippetSearch,
+                    profile ? std::optional(*profile) : std::nullopt};
+    if (!isSameSearch) {
+        m_current = 0;
+        verticalScrollBar()->setValue(0);
+    }
+    m_snippets = m_view.filteredSnippets();
+    m_current = std::min(m_current, m_snippets.empty() ? 0 : m_snippets.size() - 1);
+    layOut();
+}
+
+void SnippetList::layOut() {
+    if (!isUpToDate()) return; // the refresh that is on its way does it
+    m_metrics = std::make_unique<SnippetRowMetrics>(viewport()->width());
+    const SSHProfile* profile = m_shown->profile ? &*m_shown->profile : nullptr;
+    m_tops.assign(1, 0);
+    m_tops.reserve(m_snippets.size() + 1);
+    for (const CommandSnippet* snippet : m_snippets)
+        m_tops.push_back(m_tops.back() + m_metrics->heightOf(*snippet, profile));
+    verticalScrollBar()->setPageStep(viewport()->height());
+    verticalScrollBar()->setRange(0, std::max(0, m_tops.back() - viewport()->height()));
+    showVisibleRows(Content::changed);
+}
+
+std::size_t SnippetList::rowAt(int y) const {
+    const auto next = std::upper_bound(m_tops.begin(), m_tops.end(), y);
+    const auto row = next == m_tops.begin() ? 0 : next - m_tops.begin() - 1;
+    return static_cast<std::size_t>(row);
+}
+
+void SnippetList::showVisibleRows(Content content) {
+    if (!isUpToDate()) return;
+    const int scrolled = verticalScrollBar()->value();
+    const std::size_t first = rowAt(scrolled);
+    const std::size_t last = std::min(rowAt(scrolled + viewport()->height()) + 1,
+                                      m_snippets.size());
+    std::erase_if(m_rows, [&](const auto& entry) {
+        const bool isGone = entry.first < first || entry.first >= last;
+        if (isGone) m_spareRows.push_back(entry.second);
+        return isGone;
+    });
+    const SSHProfile* profile = m_shown->profile ? &*m_shown->profile : nullptr;
+    for (std::size_t place = first; place < last; ++place) {
+        const QRect where(0, m_tops[place] - scrolled, viewport()->width(),
+                          m_tops[place + 1] - m_tops[place]);
+        SnippetRow*& row = m_rows[place];
+        const bool isNew = row == nullptr;
+        if (isNew) row = takeSpareRow();
+        row->setGeometry(where);
+        if (isNew || content == Content::changed)
+            row->show(*m_snippets[place], profile, *m_metrics);
+    }
+    for (SnippetRow* spare : m_spareRows) {
+        // The keyboard stays in the list when the row that it was on is scrolled away.
+        if (spare->isAncestorOf(QApplication::focusWidget())) setFocus();
+        spare->hide();
+    }
+    markCurrentRow();
+}
+
+SnippetRow* SnippetList::takeSpareRow() {
+    if (m_spareRows.empty()) return new SnippetRow(m_view, viewport());
+    SnippetRow* row = m_spareRows.back();
+    m_spareRows.pop_back();
+    return row;
+}
+
+void SnippetList::markCurrentRow() {
+    for (const auto& [place, row] : m_rows) {
+        row->setCurrent(place == m_current);
+        row->setMarked(place == m_current && hasFocus());
+    }
+}
+
+void SnippetList::moveTo(std::ptrdiff_t row) {
+    if (m_snippets.empty() || !isUpToDate()) return;
+    const auto last = static_cast<std::ptrdiff_t>(m_snippets.size()) - 1;
+    m_current = static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(row, 0, last));
+    QScrollBar* bar = verticalScrollBar();
+    const int top = m_tops[m_current];
+    const int bottom = m_tops[m_current + 1];
+    if (top < bar->value())
+        bar->setValue(top);
+    else if (bottom > bar->value() + viewport()->height())
+        bar->setValue(bottom - viewport()->height());
+    markCurrentRow();
+}
+
+void SnippetList::keyPressEvent(QKeyEvent* event) {
+    const auto current = static_cast<std::ptrdiff_t>(m_current);
+    switch (event->key()) {
+    case Qt::Key_Up: return moveTo(current - 1);
+    case Qt::Key_Down: return moveTo(current + 1);
+    case Qt::Key_Home: return moveTo(0);
+    case Qt::Key_End: return moveTo(static_cast<std::ptrdiff_t>(m_snippets.size()));
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown: {
+        if (!isUpToDate()) return;
+        const int way = event->key() == Qt::Key_PageUp ? -viewport()->height()
+                                                       : viewport()->height();
+        return moveTo(static_cast<std::ptrdiff_t>(rowAt(std::max(m_tops[m_current] + way, 0))));
+    }
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+        if (isUpToDate() && m_current < m_snippets.size())
+            m_view.copySnippet(*m_snippets[m_current]);
+        return;
+    default: QAbstractScrollArea::keyPressEvent(event);
+    }
+}
+
+void SnippetList::resizeEvent(QResizeEvent* event) {
+    QAbstractScrollArea::resizeEvent(event);
+    layOut();
+}
+
+void SnippetList::scrollContentsBy(int, int) { showVisibleRows(Content::same); }
+
+void SnippetList::focusInEvent(QFocusEvent* event) {
+    QAbstractScrollArea::focusInEvent(event);
+    moveTo(static_cast<std::ptrdiff_t>(m_current));
+}
+
+void SnippetList::focusOutEvent(QFocusEvent* event) {
+    QAbstractScrollArea::focusOutEvent(event);
+    markCurrentRow();
+}
+
+void SnippetList::changeEvent(QEvent* event) {
+    QAbstractScrollArea::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) layOut();
+}
+
+} // namespace korvan

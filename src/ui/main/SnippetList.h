@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/main/ContentView.h"
+
+#include <QAbstractScrollArea>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace korvan {
+
+class SnippetRow;
+class SnippetRowMetrics;
+
+// The commands that the search finds, one row each. Rows are widgets only while they can be seen,
+// so the list stays quick however long it is. The state must outlive it.
+//
+// By keyboard the list is one stop: arrows, page keys, Home and End move from row to row, Return
+// and Space copy, Tab goes on to the buttons of the row and then leaves.
+class SnippetList final : public QAbstractScrollArea {
+    Q_OBJECT
+
+public:
+    explicit SnippetList(ContentView& view, QWidget* parent = nullptr);
+    ~SnippetList() override;
+
+    void refresh();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    // What the rows were last made from.
+    struct Shown {
+        std::uint64_t revision = 0;
+        std::string search;
+        std::optional<SSHProfile> profile;
+    };
+
+    void layOut();
+    // Makes, moves and lets go of rows so that those which can be seen are there. Rows that stay
+    // keep what they show, unless their content may be another.
+    enum class Content { same, changed };
+    void showVisibleRows(Content content);
+    [[nodiscard]] SnippetRow* takeSpareRow();
+    void markCurrentRow();
+    void moveTo(std::ptrdiff_t row);
+    [[nodiscard]] std::size_t rowAt(int y) const;
+    [[nodiscard]] bool isUpToDate() const;
+
+    ContentView& m_view;
+    std::optional<Shown> m_shown;
+    std::vector<const CommandSnippet*> m_snippets; // valid while isUpToDate()
+    std::unique_ptr<SnippetRowMetrics> m_metrics;
+    std::vector<int> m_tops; // of each row, and the bottom of the last
+    std::map<std::size_t, SnippetRow*> m_rows; // those that can be seen, by place
+    std::vector<SnippetRow*> m_spareRows;
+    std::size_t m_current = 0;
+};
+
+} // namespace korvan

@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+#include "ui/main/Toast.h"
+
+#include "platform/desktop/QtText.h"
+#include "ui/style/Controls.h"
+#include "ui/style/KorvanStyle.h"
+#include "ui/style/Symbols.h"
+
+#include <QAccessible>
+#include <QEvent>
+#include <QGraphicsOpacityEffect>
+#include <QHBoxLayout>
+#include <QPainter>
+#include <algorithm>
+
+namespace korvan {
+
+namespace {
+
+constexpr int kPartSpacing = 10;
+constexpr int kSidePadding = 12;
+constexpr int kTopPadding = 10;
+constexpr int kMargin = 12; // keeps the note off the window's edges
+constexpr int kCornerRadius = 12;
+constexpr int kSymbolSize = 16;
+constexpr float kBackgroundOpacity = 0.88F;
+
+} // namespace
+
+Toast::Toast(ContentView& view, QWidget* parent)
+    : QWidget(parent), m_view(view), m_symbol(new QLabel), m_text(new ElidedLabel) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setFocusPolicy(Qt::NoFocus);
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(kSidePadding, kTopPadding, kSidePadding, kTopPadding);
+    layout->setSpacing(kPartSpacing);
+    layout->addWidget(m_symbol);
+    layout->addWidget(m_text, 1);
+    tintSymbol();
+
+    auto* effect = new QGraphicsOpacityEffect(this);
+    effect->setOpacity(0);
+    setGraphicsEffect(effect);
+    connect(&m_fade, &QVariantAnimation::valueChanged, effect,
+            [effect](const QVariant& value) { effect->setOpacity(value.toDouble()); });
+    connect(&m_fade, &QVariantAnimation::finished, this, [this] { setVisible(m_isShown); });
+    hide();
+    parent->installEventFilter(this);
+}
+
+void Toast::refresh() {
+    const QString text = toQString("In Zwischenablage: " + *m_view.lastCopiedText);
+    const bool isNews = m_view.showCopiedToast && (!m_isShown || m_text->text() != text);
+    if (m_view.showCopiedToast) m_text->setText(text);
+    if (m_isShown != m_view.showCopiedToast) {
+        m_isShown = m_view.showCopiedToast;
+        fadeTo(m_isShown ? 1 : 0);
+    }
+    if (!isNews) return;
+    place();
+    raise();
+    setAccessibleName(text);
+    QAccessibleEvent alert(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+}
+
+void Toast::fadeTo(double opacity) {
+    m_fade.stop();
+    const auto* effect = static_cast<QGraphicsOpacityEffect*>(graphicsEffect());
+    m_fade.setStartValue(effect->opacity());
+    m_fade.setEndValue(opacity);
+    m_fade.setDuration(animationDuration(*this));
+    setVisible(true);
+    m_fade.start();
+}
+
+void Toast::place() {
+    const QRect area = parentWidget()->rect().adjusted(kMargin, kMargin, -kMargin, -kMargin);
+    // The label asks for no more width than it needs; a long title is cut instead.
+    const int wanted = m_text->fontMetrics().horizontalAdvance(m_text->text()) + 1 + kSymbolSize +
+                       kPartSpacing + 2 * kSidePadding;
+    const QSize size(std::min(wanted, area.width()), sizeHint().height());
+    setGeometry(QStyle::alignedRect(layoutDirection(), Qt::AlignHCenter | Qt::AlignBottom, size,
+                                    area));
+}
+
+bool Toast::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Resize && m_isShown) place();
+    return QWidget::eventFilter(watched, event);
+}
+
+void Toast::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QColor background = palette().color(QPalette::Window);
+    background = isDark(palette()) ? background.lighter(150) : background;
+    background.setAlphaF(kBackgroundOpacity);
+    painter.setBrush(background);
+    painter.setPen(colorFor(SemanticColor::separator, palette()));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCornerRadius,
+                            kCornerRadius);
+}
+
+void Toast::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) tintSymbol();
+}
+
+void Toast::tintSymbol() {
+    m_symbol->setPixmap(symbol(u"checkmark.circle.fill"_qs, SemanticColor::green)
+                            .pixmap(QSize(kSymbolSize, kSymbolSize), devicePixelRatioF()));
+}
+
+} // namespace korvan
