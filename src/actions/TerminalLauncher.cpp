@@ -45,9 +45,7 @@ std::filesystem::path defaultScriptFolder() {
     return std::filesystem::is_directory(folder, ignored) ? folder : "/tmp";
 }
 
-Error refused() {
-    return {std::string(kDomain), -128, "Terminal konnte das Script nicht öffnen."};
-}
+Error refused() { return {std::string(kDomain), -128, "Terminal konnte das Script nicht öffnen."}; }
 
 } // namespace
 
@@ -55,8 +53,10 @@ std::string terminalScript(std::string_view command) {
     std::string valid;
     appendValidUtf8(valid, command);
     std::string script(kBeforeEcho);
-    return script.append(echoForm(valid)).append(kBeforeCommand).append(valid).append(
-        kAfterCommand);
+    return script.append(echoForm(valid))
+        .append(kBeforeCommand)
+        .append(valid)
+        .append(kAfterCommand);
 }
 
 TerminalLauncher::TerminalLauncher(Workspace& workspace)

@@ -25,10 +25,10 @@ struct CommandSnippet {
 };
 
 template <>
-inline constexpr auto kFields<CommandSnippet> = std::tuple(
-    Field("id", &CommandSnippet::id), Field("title", &CommandSnippet::title),
-    Field("commandTemplate", &CommandSnippet::commandTemplate),
-    Field("hint", &CommandSnippet::hint));
+inline constexpr auto kFields<CommandSnippet> =
+    std::tuple(Field("id", &CommandSnippet::id), Field("title", &CommandSnippet::title),
+               Field("commandTemplate", &CommandSnippet::commandTemplate),
+               Field("hint", &CommandSnippet::hint));
 
 inline bool operator==(const CommandSnippet& left, const CommandSnippet& right) {
     return fieldsAreEqual(left, right);

@@ -38,14 +38,12 @@ struct Failure {
 
 // Parses `text` with `parser`, which owns the result. A byte order mark is skipped. Copies nothing
 // when `text` has room for the parser's padding behind its end.
-[[nodiscard]] std::optional<simdjson::dom::element> parse(simdjson::dom::parser& parser,
-                                                          const std::string& text,
-                                                          Failure& failure);
+[[nodiscard]] std::optional<simdjson::dom::element>
+parse(simdjson::dom::parser& parser, const std::string& text, Failure& failure);
 
 // Each overload of readValue assigns `value` from `element`, or returns false and says why.
 [[nodiscard]] bool readValue(simdjson::dom::element element, std::string& value, Failure& failure);
-[[nodiscard]] bool readValue(simdjson::dom::element element, std::int64_t& value,
-                             Failure& failure);
+[[nodiscard]] bool readValue(simdjson::dom::element element, std::int64_t& value, Failure& failure);
 [[nodiscard]] bool readValue(simdjson::dom::element element, Uuid& value, Failure& failure);
 
 template <class Value>
@@ -79,8 +77,7 @@ constexpr FieldReader<Record> fieldReader() {
     using Member = std::remove_cvref_t<decltype(std::declval<Record&>().*field.member)>;
     return {field.key, !isOptional<Member>,
             [](simdjson::dom::element element, Record& record, Failure& failure) {
-                return readValue(element, record.*std::get<place>(kFields<Record>).member,
-                                 failure);
+                return readValue(element, record.*std::get<place>(kFields<Record>).member, failure);
             }};
 }
 

@@ -14,15 +14,17 @@ namespace {
 // What becomes of a byte inside a JSON string.
 enum Treatment : char {
     asItIs = 0,
-    asCode = 'u',     // \u and four digits
-    asText = '8',     // belongs to a character outside ASCII, which must be checked
+    asCode = 'u', // \u and four digits
+    asText = '8', // belongs to a character outside ASCII, which must be checked
     // Any other value: a backslash and that character.
 };
 
 constexpr auto kTreatments = [] {
     std::array<char, 256> treatments{};
-    for (std::size_t byte = 0; byte < 0x20; ++byte) treatments[byte] = asCode;
-    for (std::size_t byte = 0x80; byte < treatments.size(); ++byte) treatments[byte] = asText;
+    for (std::size_t byte = 0; byte < 0x20; ++byte)
+        treatments[byte] = asCode;
+    for (std::size_t byte = 0x80; byte < treatments.size(); ++byte)
+        treatments[byte] = asText;
     treatments['"'] = '"';
     treatments['\\'] = '\\';
     treatments['/'] = '/';
@@ -59,7 +61,8 @@ const char* skipPlain(const char* at, const char* end) {
         if (!isPlain(word)) break;
         at += sizeof word;
     }
-    while (at != end && treatmentOf(*at) == asItIs) ++at;
+    while (at != end && treatmentOf(*at) == asItIs)
+        ++at;
     return at;
 }
 
@@ -82,7 +85,8 @@ void appendEscaped(std::string& out, const char* at, const char* end) {
         if (at == end) return;
         const char treatment = treatmentOf(*at);
         if (treatment == asText) {
-            while (stop != end && treatmentOf(*stop) == asText) ++stop;
+            while (stop != end && treatmentOf(*stop) == asText)
+                ++stop;
             appendValidUtf8(out, std::string_view(at, stop));
             at = stop;
         } else {

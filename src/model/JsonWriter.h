@@ -66,10 +66,11 @@ namespace json {
 template <class Record>
 constexpr auto sortedFields() {
     constexpr std::size_t count = std::tuple_size_v<decltype(kFields<Record>)>;
-    const auto keys = std::apply(
-        [](const auto&... field) { return std::array{field.key...}; }, kFields<Record>);
+    const auto keys =
+        std::apply([](const auto&... field) { return std::array{field.key...}; }, kFields<Record>);
     std::array<std::size_t, count> order{};
-    for (std::size_t i = 0; i < count; ++i) order[i] = i;
+    for (std::size_t i = 0; i < count; ++i)
+        order[i] = i;
     std::ranges::sort(order, {}, [&](std::size_t i) { return keys[i]; });
     return order;
 }

@@ -19,8 +19,7 @@ std::string iso8601(std::chrono::system_clock::time_point time) {
     std::tm utc{};
     gmtime_r(&seconds, &utc);
     std::array<char, 32> text{};
-    const std::size_t length =
-        std::strftime(text.data(), text.size(), "%Y-%m-%dT%H:%M:%SZ", &utc);
+    const std::size_t length = std::strftime(text.data(), text.size(), "%Y-%m-%dT%H:%M:%SZ", &utc);
     return {text.data(), length};
 }
 

@@ -27,11 +27,12 @@ struct KorvanBackup {
 };
 
 template <>
-inline constexpr auto kFields<KorvanBackup> = std::tuple(
-    Field("format", &KorvanBackup::format), Field("version", &KorvanBackup::version),
-    Field("createdAtISO8601", &KorvanBackup::createdAtISO8601),
-    Field("profiles", &KorvanBackup::profiles), Field("snippets", &KorvanBackup::snippets),
-    Field("categories", &KorvanBackup::categories));
+inline constexpr auto kFields<KorvanBackup> =
+    std::tuple(Field("format", &KorvanBackup::format), Field("version", &KorvanBackup::version),
+               Field("createdAtISO8601", &KorvanBackup::createdAtISO8601),
+               Field("profiles", &KorvanBackup::profiles),
+               Field("snippets", &KorvanBackup::snippets),
+               Field("categories", &KorvanBackup::categories));
 
 // The older document, without categories. It is read and no longer written.
 struct KorvanBackupV1 {
@@ -43,10 +44,11 @@ struct KorvanBackupV1 {
 };
 
 template <>
-inline constexpr auto kFields<KorvanBackupV1> = std::tuple(
-    Field("format", &KorvanBackupV1::format), Field("version", &KorvanBackupV1::version),
-    Field("createdAtISO8601", &KorvanBackupV1::createdAtISO8601),
-    Field("profiles", &KorvanBackupV1::profiles), Field("snippets", &KorvanBackupV1::snippets));
+inline constexpr auto kFields<KorvanBackupV1> =
+    std::tuple(Field("format", &KorvanBackupV1::format), Field("version", &KorvanBackupV1::version),
+               Field("createdAtISO8601", &KorvanBackupV1::createdAtISO8601),
+               Field("profiles", &KorvanBackupV1::profiles),
+               Field("snippets", &KorvanBackupV1::snippets));
 
 // `time` is written in UTC, to the whole second.
 [[nodiscard]] KorvanBackup makeBackup(std::vector<SSHProfile> profiles,

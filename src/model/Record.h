@@ -13,7 +13,7 @@ namespace korvan {
 template <class Record, class Value>
 struct Field {
     std::string_view key;
-    Value Record::*member;
+    Value Record::* member;
 };
 
 template <class Record, class Value>

@@ -37,8 +37,7 @@ inline constexpr auto kFields<SSHProfile> =
     std::tuple(Field("id", &SSHProfile::id), Field("name", &SSHProfile::name),
                Field("host", &SSHProfile::host), Field("user", &SSHProfile::user),
                Field("port", &SSHProfile::port), Field("identityFile", &SSHProfile::identityFile),
-               Field("password", &SSHProfile::password),
-               Field("extraArgs", &SSHProfile::extraArgs),
+               Field("password", &SSHProfile::password), Field("extraArgs", &SSHProfile::extraArgs),
                Field("categoryId", &SSHProfile::categoryId));
 
 inline bool operator==(const SSHProfile& left, const SSHProfile& right) {

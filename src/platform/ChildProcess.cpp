@@ -46,7 +46,8 @@ Result<ChildEnd> runChild(const std::filesystem::path& executable,
     std::string name = executable.string();
     std::vector<std::string> words = arguments;
     std::vector<char*> pointers{name.data()};
-    for (std::string& word : words) pointers.push_back(word.data());
+    for (std::string& word : words)
+        pointers.push_back(word.data());
     pointers.push_back(nullptr);
 
     posix_spawn_file_actions_t actions{};

@@ -92,7 +92,19 @@ fs::path folderOf(const fs::path& path) {
     return path.has_parent_path() ? path.parent_path() : fs::path(".");
 }
 
-// A file under a name of its own beside its target, removed again unless it took the target's place.
+// Where `path` leads: past symbolic links, also past one whose file does not exist yet. A circle of
+// links is left for the system to find.
+fs::path targetOf(const fs::path& path) {
+    constexpr int mostLinks = 40; // as many as the system follows
+    fs::path target = path;
+    std::error_code error;
+    for (int links = 0; links < mostLinks && fs::is_symlink(target, error); ++links)
+        target = folderOf(target) / fs::read_symlink(target, error);
+    return target;
+}
+
+// A file under a name of its own beside its target, removed again unless it took the target's
+// place.
 class TemporaryFile final {
 public:
     explicit TemporaryFile(const fs::path& target)
@@ -133,7 +145,7 @@ Error posixError(int code, std::string_view what, const fs::path& path) {
 Result<std::string> readFile(const fs::path& path) {
     // O_NONBLOCK: opening a pipe would wait for somebody to write into it.
     const Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-    struct stat status {};
+    struct stat status{};
     if (!file.isOpen() || ::fstat(file.number(), &status) != 0)
         return failureNow(kCannotRead, path);
     if (!S_ISREG(status.st_mode))
@@ -152,19 +164,17 @@ Result<std::string> readFile(const fs::path& path) {
         if (count < 0) return failureNow(kCannotRead, path);
         if (count == 0) break;
         length += static_cast<std::size_t>(count);
-        if (length == bytes.size()) expected = 2 * length + 4096; // it grows, or has no size of its own
+        if (length == bytes.size())
+            expected = 2 * length + 4096; // it grows, or has no size of its own
     }
     bytes.resize(length);
     return bytes;
 }
 
 Result<> writeFileAtomically(const fs::path& path, std::string_view bytes) {
-    std::error_code error;
-    const fs::path resolved = fs::canonical(path, error);
-    const fs::path target = error ? path : resolved;
-
+    const fs::path target = targetOf(path);
     std::optional<mode_t> mode;
-    struct stat status {};
+    struct stat status{};
     if (::stat(target.c_str(), &status) == 0) {
         if (!S_ISREG(status.st_mode))
             return std::unexpected(
@@ -182,7 +192,7 @@ Result<> writeFileAtomically(const fs::path& path, std::string_view bytes) {
 }
 
 Result<> createFolder(const fs::path& path) {
-    struct stat status {};
+    struct stat status{};
     if (::stat(path.c_str(), &status) == 0) {
         if (S_ISDIR(status.st_mode)) return {};
         return std::unexpected(posixError(ENOTDIR, kCannotCreateFolder, path));

@@ -31,7 +31,8 @@ struct StoreKind {
 // printed to standard output, and the next write that succeeds writes everything.
 //
 // Data that could not be decoded is put aside before it is overwritten; data that could not be read
-// is not overwritten at all (see KeyValueStore). Nothing here throws, and nothing stops the program.
+// is not overwritten at all (see KeyValueStore). Nothing here throws, and nothing stops the
+// program.
 template <class Record>
 class RecordStore {
 public:

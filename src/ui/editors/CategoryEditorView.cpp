@@ -22,7 +22,8 @@ bool CategoryEditorView::validate() {
 }
 
 void CategoryEditorView::commit() {
-    if (validate()) m_onSave(category);
+    if (!validate()) return;
+    if (const auto onSave = std::exchange(m_onSave, nullptr)) onSave(category);
 }
 
 } // namespace korvan

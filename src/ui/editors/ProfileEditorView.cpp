@@ -53,7 +53,8 @@ bool ProfileEditorView::validate() {
 }
 
 void ProfileEditorView::commit() {
-    if (validate()) m_onSave(profile);
+    if (!validate()) return;
+    if (const auto onSave = std::exchange(m_onSave, nullptr)) onSave(profile);
 }
 
 } // namespace korvan

@@ -39,7 +39,8 @@ public:
     // Whether the profile may be saved; sets or clears the message.
     bool validate();
 
-    // Hands the profile, exactly as edited, to `onSave` if it passes the check.
+    // Hands the profile, exactly as edited, to `onSave` if it passes the check. Only the first
+    // time: a second Return before the sheet has gone must not add the profile twice.
     void commit();
     void cancel() { m_onCancel(); }
 

@@ -25,7 +25,8 @@ bool SnippetEditorView::validate() {
 }
 
 void SnippetEditorView::commit() {
-    if (validate()) m_onSave(snippet);
+    if (!validate()) return;
+    if (const auto onSave = std::exchange(m_onSave, nullptr)) onSave(snippet);
 }
 
 } // namespace korvan

@@ -17,8 +17,7 @@ public:
     ProfileSelection() = default;
 
     // Each id once, at its first place.
-    ProfileSelection(std::initializer_list<Uuid> ids)
-        : ProfileSelection(std::vector<Uuid>(ids)) {}
+    ProfileSelection(std::initializer_list<Uuid> ids) : ProfileSelection(std::vector<Uuid>(ids)) {}
     explicit ProfileSelection(std::vector<Uuid> ids);
 
     [[nodiscard]] const std::vector<Uuid>& ids() const { return m_ids; }

@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+#include "model/RecordList.h"
+
+#include "support/Examples.h"
+
+#include <gtest/gtest.h>
+
+namespace korvan {
+
+namespace {
+
+const std::string kProfileJson =
+    R"({"id":"0A0B0C0D-0000-4000-8000-000000000001","name":"Drucker \"Süd\"","host":"10.0.0.7",)"
+    R"("user":"pi","port":2222,"identityFile":"\/Users\/pi\/.ssh\/id_ed25519",)"
+    R"("password":"geheim","extraArgs":"-o StrictHostKeyChecking=no",)"
+    R"("categoryId":"0A0B0C0D-0000-4000-8000-000000000002"})";
+
+// The JSON string that `text` is written as, with its quotes.
+std::string written(std::string text) {
+    const std::string json = encodeList<SSHCategory>({{exampleId(1), std::move(text)}});
+    const std::size_t start = json.find("name") + 6;
+    return json.substr(start, json.size() - start - 2);
+}
+
+std::string errorOf(const std::string& json) {
+    const auto records = decodeList<SSHProfile>(json, "profiles");
+    return records ? "no error" : records.error().localizedDescription;
+}
+
+// The one profile that `json` stands for, as it is written again.
+std::string rewritten(const std::string& json) {
+    const auto records = decodeList<SSHProfile>("[" + json + "]", "profiles");
+    if (!records) return records.error().localizedDescription;
+    const std::string list = encodeList(*records);
+    return list.substr(1, list.size() - 2);
+}
+
+} // namespace
+
+TEST(RecordList, IsWrittenCompactInTheOrderOfTheFields) {
+    EXPECT_EQ(encodeList<SSHProfile>({exampleProfile(), exampleProfile()}),
+              "[" + kProfileJson + "," + kProfileJson + "]");
+    EXPECT_EQ(encodeList<SSHCategory>({exampleCategory()}),
+              R"([{"id":"0A0B0C0D-0000-4000-8000-000000000002","name":"Büro"}])");
+    EXPECT_EQ(encodeList<CommandSnippet>({with(exampleSnippet(), &CommandSnippet::hint, "")}),
+              R"([{"id":"0A0B0C0D-0000-4000-8000-000000000003","title":"Ping Host",)"
+              R"("commandTemplate":"ping -c 4 {HOST}","hint":""}])");
+    EXPECT_EQ(encodeList<SSHProfile>({}), "[]");
+}
+
+TEST(RecordList, LeavesOutTheCategoryOfAProfileThatHasNone) {
+    const auto profile = with(exampleProfile(), &SSHProfile::categoryId, std::nullopt);
+    const std::string json = encodeList<SSHProfile>({profile});
+    EXPECT_TRUE(json.ends_with(R"("extraArgs":"-o StrictHostKeyChecking=no"}])")) << json;
+    EXPECT_EQ(decodeList<SSHProfile>(json, "profiles").value().at(0), profile);
+}
+
+TEST(RecordList, EscapesTextWhereverItStandsInAMachineWord) {
+    // The writer looks at eight bytes at a time: every special byte must be seen at each offset.
+    const std::string special = "\"\\/\b\f\n\r\t\x01\x1f";
+    const std::string escaped = R"(\"\\\/\b\f\n\r\t\u0001\u001f)";
+    for (std::size_t length = 0; length < 17; ++length) {
+        const std::string plain(length, 'x');
+        EXPECT_EQ(written(plain + special + plain), '"' + plain + escaped + plain + '"');
+    }
+    EXPECT_EQ(written(std::string(1, '\0')), R"("\u0000")");
+    EXPECT_EQ(written("\x7f äß€ 😀 e\u0301"), "\"\x7f äß€ 😀 e\u0301\"");
+}
+
+TEST(RecordList, ReplacesEachByteThatIsNotUtf8) {
+    const std::string sign = "\uFFFD";
+    const std::string two = sign + sign;
+    EXPECT_EQ(written("a\xff\xfe/b"), "\"a" + two + "\\/b\"");
+    EXPECT_EQ(written("\xc3"), "\"" + sign + "\"");
+    EXPECT_EQ(written("\xc0\xaf"), "\"" + two + "\"") << "overlong";
+    EXPECT_EQ(written("\xed\xa0\x80"), "\"" + two + sign + "\"") << "surrogate";
+    EXPECT_EQ(written("\xf4\x90\x80\x80"), "\"" + two + two + "\"") << "above U+10FFFF";
+    EXPECT_EQ(written("\xe2\x82ü"), "\"" + two + "ü\"") << "cut short";
+    EXPECT_EQ(written("\xf4\x8f\xbf\xbf"), "\"\xf4\x8f\xbf\xbf\"") << "the last character";
+}
+
+TEST(RecordList, ReadsAnyTextThatItWrote) {
+    SSHProfile profile = exampleProfile();
+    for (char character = 0; character < 127; ++character)
+        profile.password += character;
+    profile.password += "äöü 힣 😀 \u2028";
+    profile.port = std::numeric_limits<std::int64_t>::min();
+    const auto read = decodeList<SSHProfile>(encodeList<SSHProfile>({profile}), "profiles").value();
+    EXPECT_EQ(read.at(0).password, profile.password);
+    EXPECT_EQ(read.at(0), profile);
+}
+
+TEST(RecordList, IsReadWhateverTheLetterCaseOrderAndUnknownKeys) {
+    EXPECT_EQ(rewritten(replaced(kProfileJson, "0A0B0C0D", "0a0b0c0d")), kProfileJson);
+    EXPECT_EQ(rewritten(replaced(kProfileJson, R"(\/Users\/)", "/Users/")), kProfileJson);
+    EXPECT_EQ(rewritten(replaced(kProfileJson, R"("port":2222)", R"("x":[{}],"port" : 2222 )")),
+              kProfileJson);
+    EXPECT_EQ(
+        rewritten(replaced(replaced(kProfileJson, R"("user":"pi",)", ""), "{", R"({"user":"pi",)")),
+        kProfileJson);
+    const std::string tail = R"(,"categoryId":"0A0B0C0D-0000-4000-8000-000000000002"})";
+    EXPECT_EQ(rewritten(replaced(kProfileJson, tail, R"(,"categoryId":null})")),
+              replaced(kProfileJson, tail, "}"));
+    EXPECT_EQ(errorOf("\xEF\xBB\xBF[" + kProfileJson + "]\n"), "no error");
+}
+
+TEST(RecordList, ReadsAnyPortOf64Bits) {
+    for (const std::string port : {"70000", "-1", "9223372036854775807", "-9223372036854775808"}) {
+        const std::string json = replaced(kProfileJson, "2222", port);
+        EXPECT_EQ(rewritten(json), json);
+    }
+}
+
+TEST(RecordList, NamesPlaceAndKeyOfWhatItCannotRead) {
+    const struct {
+        std::string part, by, error;
+    } cases[] = {
+        {R"("host":"10.0.0.7",)", "", "host: required key is missing"},
+        {R"("password":"geheim",)", "", "password: required key is missing"},
+        {R"("extraArgs":"-o StrictHostKeyChecking=no",)", "", "extraArgs: required key is missing"},
+        {R"("10.0.0.7")", "null", "host: expected a string"},
+        {R"("geheim")", "true", "password: expected a string"},
+        {"2222", R"("2222")", "port: expected an integer of 64 bits"},
+        {"2222", "22.5", "port: expected an integer of 64 bits"},
+        {"2222", "9223372036854775808", "port: expected an integer of 64 bits"},
+        {"2222", "null", "port: expected an integer of 64 bits"},
+        {"-000000000001", "-00000000001", "id: expected a UUID"},
+        {"0A0B0C0D-", "0A0B0C0D0", "id: expected a UUID"},
+        {"-000000000002", "-00000000000G", "categoryId: expected a UUID"},
+    };
+    for (const auto& [part, by, error] : cases)
+        EXPECT_EQ(errorOf("[" + kProfileJson + "," + replaced(kProfileJson, part, by) + "," +
+                          kProfileJson + "]"),
+                  "profiles[1]." + error);
+    EXPECT_EQ(errorOf("{}"), "profiles: expected an array");
+    EXPECT_EQ(errorOf("[" + kProfileJson + ",[]]"), "profiles[1]: expected an object");
+    for (const std::string json : {"", "[", "[]]", "[{\"id\":}]", "[\"\xff\"]", R"(["\udc00"])",
+                                   "nul", "[99999999999999999999999]"})
+        EXPECT_TRUE(errorOf(json).starts_with("profiles: not valid JSON: ")) << json;
+}
+
+} // namespace korvan

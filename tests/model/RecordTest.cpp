@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#include "model/SSHCategory.h"
+#include "support/Examples.h"
+
+#include <gtest/gtest.h>
+
+namespace korvan {
+
+TEST(SSHProfile, EqualsAnotherOnlyWhenAllNineFieldsAreEqual) {
+    const SSHProfile profile = exampleProfile();
+    EXPECT_EQ(profile, exampleProfile());
+    const SSHProfile others[] = {
+        with(profile, &SSHProfile::id, exampleId(9)),
+        with(profile, &SSHProfile::name, "x"),
+        with(profile, &SSHProfile::host, "x"),
+        with(profile, &SSHProfile::user, "x"),
+        with(profile, &SSHProfile::port, 23),
+        with(profile, &SSHProfile::identityFile, "x"),
+        with(profile, &SSHProfile::password, "x"),
+        with(profile, &SSHProfile::extraArgs, "x"),
+        with(profile, &SSHProfile::categoryId, std::nullopt),
+        with(profile, &SSHProfile::categoryId, exampleId(9)),
+    };
+    for (const SSHProfile& other : others)
+        EXPECT_NE(profile, other);
+}
+
+TEST(CommandSnippet, EqualsAnotherOnlyWhenAllFourFieldsAreEqual) {
+    const CommandSnippet snippet = exampleSnippet();
+    EXPECT_EQ(snippet, exampleSnippet());
+    EXPECT_NE(snippet, with(snippet, &CommandSnippet::id, exampleId(9)));
+    EXPECT_NE(snippet, with(snippet, &CommandSnippet::title, "x"));
+    EXPECT_NE(snippet, with(snippet, &CommandSnippet::commandTemplate, "x"));
+    EXPECT_NE(snippet, with(snippet, &CommandSnippet::hint, "x"));
+}
+
+TEST(SSHCategory, IsTheSameHoweverItsAccentsAreComposed) {
+    const SSHCategory composed = with(exampleCategory(), &SSHCategory::name, "B\u00FCro \u1EC7");
+    for (const std::string name : {"Bu\u0308ro e\u0323\u0302", "Bu\u0308ro e\u0302\u0323"}) {
+        const SSHCategory decomposed = with(exampleCategory(), &SSHCategory::name, name);
+        EXPECT_EQ(composed, decomposed);
+        EXPECT_EQ(std::hash<SSHCategory>{}(composed), std::hash<SSHCategory>{}(decomposed));
+    }
+    // Compatible, and yet another text.
+    EXPECT_NE(with(composed, &SSHCategory::name, "\uFB01"),
+              with(composed, &SSHCategory::name, "fi"));
+    EXPECT_NE(composed, with(composed, &SSHCategory::id, exampleId(9)));
+}
+
+TEST(Uuid, IsRandomOfVersionFourAndWrittenInUpperCase) {
+    const std::string text = Uuid::random().text();
+    EXPECT_EQ(text.size(), 36U);
+    EXPECT_EQ(text.find_first_of("abcdef"), std::string::npos);
+    EXPECT_EQ(text[14], '4');
+    EXPECT_NE(std::string("89AB").find(text[19]), std::string::npos);
+    EXPECT_NE(Uuid::random(), Uuid::random());
+    EXPECT_EQ(Uuid::parse(text)->text(), text);
+}
+
+} // namespace korvan
