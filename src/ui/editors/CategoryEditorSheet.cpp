@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#include "ui/editors/CategoryEditorSheet.h"
+
+#include <QLineEdit>
+#include <utility>
+
+namespace korvan {
+
+namespace {
+
+constexpr int kWidth = 520;
+constexpr int kPadding = 22;
+
+} // namespace
+
+CategoryEditorSheet::CategoryEditorSheet(CategoryEditorView view, QWidget* parent)
+    : EditorSheet(kWidth, kPadding, parent), m_view(std::move(view)) {
+    const QString label = QStringLiteral("Name");
+    QLineEdit* name = makeTextField(label, m_view.category.name);
+    addRow(label, name);
+    complete(name);
+}
+
+} // namespace korvan

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/editors/CategoryEditorView.h"
+#include "ui/editors/EditorSheet.h"
+
+namespace korvan {
+
+// Draws a CategoryEditorView, which it owns.
+class CategoryEditorSheet final : public EditorSheet {
+    Q_OBJECT
+
+public:
+    CategoryEditorSheet(CategoryEditorView view, QWidget* parent);
+
+private:
+    std::string_view editorTitle() const override { return m_view.editorTitle(); }
+    const std::optional<std::string>& validationError() const override {
+        return m_view.validationError;
+    }
+    void commit() override { m_view.commit(); }
+    void cancel() override { m_view.cancel(); }
+
+    CategoryEditorView m_view;
+};
+
+} // namespace korvan

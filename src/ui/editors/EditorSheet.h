@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDialog>
+#include <QString>
+#include <optional>
+#include <string>
+#include <string_view>
+
+class QBoxLayout;
+class QFormLayout;
+class QLineEdit;
+class QPushButton;
+
+namespace korvan {
+
+class Label;
+
+// What the three editors have in common: a title that follows the typing, a form, the message of
+// the last failed save, and the buttons. Return saves, Escape cancels.
+//
+// A subclass owns the editor's state and draws its fields; this class shows the rest of it. The
+// sheet closes itself once, after exactly one of commit (successful) and cancel. What those call
+// must not delete the sheet at once.
+class EditorSheet : public QDialog {
+    Q_OBJECT
+
+public:
+    void reject() override;
+
+protected:
+    // `padding` on all four sides is part of `width`; the height follows from the content.
+    EditorSheet(int width, int padding, QWidget* parent);
+
+    // Rows come in reading order, and then `complete` once.
+    void addRow(const QString& label, QWidget* field);
+    void addRow(const QString& label, QLayout* fields);
+    void addWideRow(QLayout* content);
+    void complete(QWidget* firstField);
+
+    // A field that writes what is typed into `value`, which must live as long as the sheet. A text
+    // that was not changed stays as it is, to the byte.
+    [[nodiscard]] QLineEdit* makeTextField(const QString& label, std::string& value);
+
+    // Draws the state. Touches only what differs.
+    virtual void refresh();
+
+private:
+    [[nodiscard]] virtual std::string_view editorTitle() const = 0;
+    [[nodiscard]] virtual const std::optional<std::string>& validationError() const = 0;
+    virtual void commit() = 0;
+    virtual void cancel() = 0;
+
+    void save();
+
+    QBoxLayout* m_stack;
+    Label* m_title;
+    QFormLayout* m_form;
+    Label* m_message;
+    bool m_hasEnded = false;
+};
+
+} // namespace korvan

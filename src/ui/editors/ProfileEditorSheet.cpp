@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: MIT
+#include "ui/editors/ProfileEditorSheet.h"
+
+#include "platform/desktop/QtText.h"
+#include "ui/style/Controls.h"
+
+#include <QComboBox>
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <algorithm>
+#include <utility>
+
+namespace korvan {
+
+namespace {
+
+constexpr int kWidth = 740;
+constexpr int kPadding = 25;
+constexpr int kPasswordSpacing = 10;
+constexpr int kIdentityFileSpacing = 8;
+
+const QString kShowPassword = QStringLiteral("Anzeigen");
+const QString kHidePassword = QStringLiteral("Verbergen");
+
+// A text as a tooltip that is never taken for markup.
+QString plainToolTip(const QString& text) {
+    return Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text;
+}
+
+} // namespace
+
+ProfileEditorSheet::ProfileEditorSheet(ProfileEditorView view, FilePanels& filePanels,
+                                       QWidget* parent)
+    : EditorSheet(kWidth, kPadding, parent), m_view(std::move(view)), m_filePanels(filePanels) {
+    SSHProfile& profile = m_view.profile;
+    QLineEdit* name = addTextRow(QStringLiteral("Name"), profile.name);
+    addTextRow(QStringLiteral("IP / Host"), profile.host);
+    addTextRow(QStringLiteral("Benutzername"), profile.user);
+    addPortRow();
+    addCategoryRow();
+    addPasswordRow();
+    addIdentityFileRow();
+    addTextRow(QStringLiteral("Extra SSH-Args (optional)"), profile.extraArgs)
+        ->setToolTip(
+            QStringLiteral("Beispiele: -o StrictHostKeyChecking=no   oder   -J user@jump-host"));
+    complete(name);
+}
+
+QLineEdit* ProfileEditorSheet::addTextRow(const QString& label, std::string& value) {
+    QLineEdit* field = makeTextField(label, value);
+    addRow(label, field);
+    return field;
+}
+
+void ProfileEditorSheet::addPortRow() {
+    const QString label = QStringLiteral("Port");
+    auto* port = new QLineEdit(QString::number(m_view.profile.port));
+    port->setAccessibleName(label);
+    port->setInputMethodHints(Qt::ImhPreferNumbers);
+    connect(port, &QLineEdit::textChanged, this,
+            [this](const QString& text) { m_view.setPortText(fromQString(text)); });
+    addRow(label, port);
+}
+
+void ProfileEditorSheet::addCategoryRow() {
+    const QString label = QStringLiteral("Kategorie");
+    const std::vector<SSHCategory>& categories = m_view.categories();
+    auto* picker = new QComboBox;
+    picker->setAccessibleName(label);
+    // A long name is no reason for a wider sheet.
+    picker->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    picker->addItem(QStringLiteral("Ohne Kategorie"));
+    for (const SSHCategory& category : categories)
+        picker->addItem(toQString(category.name));
+
+    if (const std::optional<Uuid>& id = m_view.profile.categoryId) {
+        const auto category = std::ranges::find(categories, *id, &SSHCategory::id);
+        // An id that no category has shows as no choice at all, until the user picks one.
+        picker->setCurrentIndex(category == categories.end()
+                                    ? -1
+                                    : static_cast<int>(category - categories.begin()) + 1);
+    }
+    connect(picker, &QComboBox::currentIndexChanged, this, [this](int index) {
+        if (index < 0) return;
+        m_view.profile.categoryId =
+            index == 0 ? std::nullopt
+                       : std::optional(m_view.categories()[static_cast<std::size_t>(index) - 1].id);
+    });
+    addRow(label, picker);
+}
+
+void ProfileEditorSheet::addPasswordRow() {
+    const QString label = QStringLiteral("Passwort (nur Notizfeld)");
+    m_password = makeTextField(label, m_view.profile.password);
+    m_togglePassword = makeLinkButton(kHidePassword);
+    connect(m_togglePassword, &QAbstractButton::clicked, this, [this] {
+        m_view.showPassword = !m_view.showPassword;
+        refresh();
+    });
+    auto* row = new QHBoxLayout;
+    row->setSpacing(kPasswordSpacing);
+    row->addWidget(m_password);
+    row->addWidget(m_togglePassword);
+    addRow(label, row);
+    // As wide as its longer text, so that the field beside it does not move.
+    m_togglePassword->setFixedWidth(m_togglePassword->sizeHint().width());
+}
+
+void ProfileEditorSheet::addIdentityFileRow() {
+    const QString label = QStringLiteral("Key-Datei");
+    m_identityFile = new QLineEdit;
+    m_identityFile->setAccessibleName(label);
+    m_identityFile->setEnabled(false);
+    tintIdentityFile();
+    QPushButton* choose = makeButton(QStringLiteral("folder"), QStringLiteral("Auswählen…"));
+    m_clearIdentityFile =
+        makeSymbolButton(QStringLiteral("xmark.circle.fill"), QStringLiteral("Key entfernen"));
+    m_clearIdentityFile->setFocusPolicy(Qt::StrongFocus);
+    connect(choose, &QPushButton::clicked, this, [this] {
+        m_view.chooseIdentityFile(m_filePanels);
+        refresh();
+    });
+    connect(m_clearIdentityFile, &QAbstractButton::clicked, this, [this] {
+        m_view.clearIdentityFile();
+        refresh();
+    });
+    auto* row = new QHBoxLayout;
+    row->setSpacing(kIdentityFileSpacing);
+    row->addWidget(m_identityFile);
+    row->addWidget(choose);
+    row->addWidget(m_clearIdentityFile);
+    addRow(label, row);
+}
+
+void ProfileEditorSheet::refresh() {
+    EditorSheet::refresh();
+    const auto echoMode = m_view.showPassword ? QLineEdit::Normal : QLineEdit::Password;
+    if (m_password->echoMode() != echoMode) m_password->setEchoMode(echoMode);
+    m_togglePassword->setText(m_view.showPassword ? kHidePassword : kShowPassword);
+
+    const QString path = toQString(m_view.profile.identityFile);
+    if (m_identityFile->text() != path) {
+        m_identityFile->setText(path); // leaves the cursor, and so what is visible, at the end
+        m_identityFile->setToolTip(plainToolTip(path));
+    }
+    m_clearIdentityFile->setEnabled(!path.isEmpty());
+}
+
+void ProfileEditorSheet::tintIdentityFile() {
+    QPalette palette;
+    palette.setColor(QPalette::Disabled, QPalette::Text,
+                     colorFor(SemanticColor::secondary, this->palette()));
+    m_identityFile->setPalette(palette);
+}
+
+void ProfileEditorSheet::changeEvent(QEvent* event) {
+    EditorSheet::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && m_identityFile) tintIdentityFile();
+}
+
+} // namespace korvan

@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+#include "ui/editors/SnippetEditorSheet.h"
+
+#include "platform/desktop/QtText.h"
+#include "ui/style/Controls.h"
+
+#include <QLineEdit>
+#include <QPainter>
+#include <QPlainTextEdit>
+#include <QVBoxLayout>
+#include <utility>
+
+namespace korvan {
+
+namespace {
+
+constexpr int kWidth = 680;
+constexpr int kPadding = 16;
+constexpr int kTemplateSpacing = 6;
+constexpr int kTemplateHeight = 120;
+constexpr int kFrameRadius = 8;
+constexpr float kFrameOpacity = 0.25F;
+
+// The rounded frame around the template editor, which fills it.
+class TemplateFrame final : public QWidget {
+public:
+    explicit TemplateFrame(QWidget* content) {
+        auto* layout = new QVBoxLayout(this);
+        layout->setContentsMargins(4, 4, 4, 4); // keeps the text clear of the corners
+        layout->addWidget(content);
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QColor line = colorFor(SemanticColor::secondary, palette());
+        line.setAlphaF(kFrameOpacity);
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(line);
+        painter.setBrush(palette().base());
+        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kFrameRadius,
+                                kFrameRadius);
+    }
+};
+
+// The text of a document with plain line breaks, and unlike toPlainText with its hard blanks.
+QString textOf(const QTextDocument& document) {
+    QString text = document.toRawText();
+    text.replace(QChar::ParagraphSeparator, u'\n');
+    text.replace(QChar::LineSeparator, u'\n');
+    return text;
+}
+
+} // namespace
+
+SnippetEditorSheet::SnippetEditorSheet(SnippetEditorView view, QWidget* parent)
+    : EditorSheet(kWidth, kPadding, parent), m_view(std::move(view)) {
+    const QString titleLabel = QStringLiteral("Titel");
+    QLineEdit* title = makeTextField(titleLabel, m_view.snippet.title);
+    addRow(titleLabel, title);
+    const QString hintLabel = QStringLiteral("Hinweis (optional)");
+    addRow(hintLabel, makeTextField(hintLabel, m_view.snippet.hint));
+
+    const QString templateLabel = QStringLiteral("Befehl (Template)");
+    auto* block = new QVBoxLayout;
+    block->setSpacing(kTemplateSpacing);
+    block->addWidget(new Label(templateLabel, TextStyle::subheadline, SemanticColor::secondary));
+    block->addWidget(new TemplateFrame(makeTemplateEditor(templateLabel)));
+    block->addWidget(new Label(QStringLiteral("Platzhalter: {HOST} {USER} {PORT} {TARGET}"),
+                               TextStyle::caption, SemanticColor::secondary));
+    addWideRow(block);
+    complete(title);
+}
+
+QPlainTextEdit* SnippetEditorSheet::makeTemplateEditor(const QString& label) {
+    auto* editor = new QPlainTextEdit;
+    editor->setAccessibleName(label);
+    editor->setFont(fontFor(TextStyle::body, FontDesign::monospaced));
+    editor->setFrameShape(QFrame::NoFrame);
+    editor->setFixedHeight(kTemplateHeight);
+    editor->setTabChangesFocus(true);
+    editor->setPlainText(toQString(m_view.snippet.commandTemplate));
+    // The document has its own idea of line breaks. As long as it shows what it was given, and when
+    // the user has undone his changes, the template is the one that was given.
+    connect(editor, &QPlainTextEdit::textChanged, this,
+            [this, editor, shown = textOf(*editor->document()),
+             given = m_view.snippet.commandTemplate] {
+                const QString text = textOf(*editor->document());
+                m_view.snippet.commandTemplate = text == shown ? given : fromQString(text);
+            });
+    return editor;
+}
+
+} // namespace korvan

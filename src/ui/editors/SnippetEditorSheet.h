@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/editors/EditorSheet.h"
+#include "ui/editors/SnippetEditorView.h"
+
+class QBoxLayout;
+class QPlainTextEdit;
+
+namespace korvan {
+
+// Draws a SnippetEditorView, which it owns.
+class SnippetEditorSheet final : public EditorSheet {
+    Q_OBJECT
+
+public:
+    SnippetEditorSheet(SnippetEditorView view, QWidget* parent);
+
+private:
+    std::string_view editorTitle() const override { return m_view.editorTitle(); }
+    const std::optional<std::string>& validationError() const override {
+        return m_view.validationError;
+    }
+    void commit() override { m_view.commit(); }
+    void cancel() override { m_view.cancel(); }
+
+    QPlainTextEdit* makeTemplateEditor(const QString& label);
+
+    SnippetEditorView m_view;
+};
+
+} // namespace korvan

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include "ui/main/Presentations.h"
+
+#include "platform/desktop/QtText.h"
+#include "ui/editors/CategoryEditorSheet.h"
+#include "ui/editors/ProfileEditorSheet.h"
+#include "ui/editors/SnippetEditorSheet.h"
+#include "ui/main/AlertSheet.h"
+
+#include <utility>
+
+namespace korvan {
+
+Presentations::Presentations(ContentView& state, FilePanels& filePanels, MakeDialog makeAbout,
+                             QWidget* window)
+    : m_state(state), m_filePanels(filePanels), m_window(window) {
+    using State = ContentView;
+    m_presentations = {
+        {&State::showEditor, [this](QWidget* parent) { return makeProfileEditor(parent); }},
+        {&State::showCategoryEditor,
+         [this](QWidget* parent) { return makeCategoryEditor(parent); }},
+        {&State::showSnippetEditor, [this](QWidget* parent) { return makeSnippetEditor(parent); }},
+        {&State::showAbout, std::move(makeAbout)},
+    };
+    for (const Alert& alert : alerts())
+        m_presentations.push_back(
+            {alert.isShown, [&](QWidget* parent) { return makeAlert(alert, parent); }, &alert});
+}
+
+void Presentations::refresh() {
+    Presentation& editor = m_presentations.front();
+    if (editor.dialog && m_shownSession != *m_state.editorSessionID) close(editor);
+    for (Presentation& each : m_presentations) {
+        if (!(m_state.*each.isShown))
+            close(each);
+        else if (!each.dialog)
+            open(each);
+        else if (each.alert)
+            static_cast<AlertSheet*>(each.dialog.data())
+                ->setMessage(toQString(each.alert->message(m_state)));
+    }
+}
+
+void Presentations::open(Presentation& presentation) {
+    QDialog* dialog = presentation.make(m_window);
+    presentation.dialog = dialog;
+    connect(dialog, &QDialog::finished, this,
+            [this, &presentation](int result) { dialogFinished(presentation, result); });
+    dialog->setWindowModality(Qt::WindowModal);
+    dialog->open();
+}
+
+void Presentations::close(Presentation& presentation) {
+    QDialog* dialog = std::exchange(presentation.dialog, nullptr);
+    if (!dialog) return;
+    // Hidden and not closed: its callbacks are for what the user does.
+    dialog->disconnect(this);
+    dialog->hide();
+    dialog->deleteLater();
+}
+
+void Presentations::dialogFinished(Presentation& presentation, int result) {
+    close(presentation);
+    const Alert* alert = presentation.alert;
+    if (alert && alert->isConfirmation())
+        (m_state.*(result == QDialog::Accepted ? alert->confirm : alert->cancel))();
+    else if (m_state.*presentation.isShown)
+        m_state.*presentation.isShown = false;
+}
+
+QDialog* Presentations::makeProfileEditor(QWidget* parent) {
+    m_shownSession = m_state.editorSessionID;
+    return new ProfileEditorSheet(
+        ProfileEditorView(
+            m_state.editorDraft, m_state.categoryStore.categories(),
+            [this] { m_state.showEditor = false; },
+            [this](const SSHProfile& profile) { m_state.saveProfile(profile); }),
+        m_filePanels, parent);
+}
+
+QDialog* Presentations::makeCategoryEditor(QWidget* parent) {
+    return new CategoryEditorSheet(
+        CategoryEditorView(
+            m_state.editingCategory->value_or(SSHCategory()),
+            [this] { m_state.showCategoryEditor = false; },
+            [this](const SSHCategory& category) { m_state.saveCategory(category); }),
+        parent);
+}
+
+QDialog* Presentations::makeSnippetEditor(QWidget* parent) {
+    return new SnippetEditorSheet(
+        SnippetEditorView(
+            m_state.editingSnippet->value_or(CommandSnippet()),
+            [this] { m_state.showSnippetEditor = false; },
+            [this](const CommandSnippet& snippet) { m_state.saveSnippet(snippet); }),
+        parent);
+}
+
+QDialog* Presentations::makeAlert(const Alert& alert, QWidget* parent) {
+    using Role = AlertSheet::Role;
+    const std::vector<AlertSheet::Button> buttons =
+        alert.isConfirmation()
+            ? std::vector<AlertSheet::Button>{{toQString(alert.destructiveButton),
+                                               Role::destructive},
+                                              {QStringLiteral("Abbrechen"), Role::cancel}}
+            : std::vector<AlertSheet::Button>{{QStringLiteral("OK"), Role::standard}};
+    return new AlertSheet(toQString(alert.title), toQString(alert.message(m_state)), buttons,
+                          parent);
+}
+
+} // namespace korvan
