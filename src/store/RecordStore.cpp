@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <optional>
 #include <utility>
 
 namespace korvan {
@@ -33,8 +34,9 @@ void RecordStore<Record>::load() {
     const auto data = m_keyValueStore.dataForKey(m_kind.key);
     if (!data) return printError("load", data.error());
     m_storedDataIsUndecodable = false;
-    if (!*data) return;
-    auto records = decodeList<Record>(**data, m_kind.listName);
+    const std::optional<std::string>& json = *data;
+    if (!json) return;
+    auto records = decodeList<Record>(*json, m_kind.listName);
     if (!records) {
         m_storedDataIsUndecodable = true;
         return printError("load", records.error());

@@ -36,9 +36,10 @@ std::string_view ProfileEditorView::editorTitle() const {
 
 void ProfileEditorView::setPortText(std::string_view text) {
     const std::string_view digits = trimmed(text);
-    const char* end = digits.data() + digits.size();
+    const char* const begin = digits.data();
+    const char* const end = begin + digits.size();
     std::int64_t port = 0;
-    const auto result = std::from_chars(digits.data(), end, port);
+    const auto result = std::from_chars(begin, end, port);
     profile.port = result.ec == std::errc() && result.ptr == end ? port : 0;
 }
 

@@ -84,7 +84,7 @@ void ContentView::requestDeleteProfile() {
 }
 
 void ContentView::confirmDeleteProfile() {
-    if (*deleteCandidate) store.remove(**deleteCandidate);
+    if (const auto& profile = *deleteCandidate) store.remove(*profile);
     cancelDeleteProfile();
 }
 
@@ -202,7 +202,7 @@ void ContentView::requestDeleteSnippet(const CommandSnippet& snippet) {
 }
 
 void ContentView::confirmDeleteSnippet() {
-    if (*snippetDeleteCandidate) snippetStore.remove(**snippetDeleteCandidate);
+    if (const auto& snippet = *snippetDeleteCandidate) snippetStore.remove(*snippet);
     cancelDeleteSnippet();
 }
 

@@ -96,7 +96,9 @@ void Label::recolor() {
 
 ElidedLabel::ElidedLabel(TextStyle style, SemanticColor color, int lines, QWidget* parent)
     : Label({}, style, color, parent), m_lines(lines) {
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    // A fixed height would be that of the hint, which knows no width.
+    QSizePolicy policy(QSizePolicy::Preferred,
+                       lines > 1 ? QSizePolicy::Preferred : QSizePolicy::Fixed);
     policy.setHeightForWidth(lines > 1);
     setSizePolicy(policy);
 }

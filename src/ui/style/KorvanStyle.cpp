@@ -1,11 +1,389 @@
 // SPDX-License-Identifier: MIT
 #include "ui/style/KorvanStyle.h"
 
-#include <QWidget>
+#include "ui/style/Colors.h"
+#include "ui/style/Drawing.h"
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QDialog>
+#include <QHeaderView>
+#include <QListView>
+#include <QPainter>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QStyleOption>
+#include <QTextEdit>
+#include <QToolButton>
+#include <QTreeView>
+#include <algorithm>
 
 namespace korvan {
 
+namespace {
+
+constexpr int kControlHeight = 28;
+constexpr int kRowHeight = 28;
+constexpr int kPadding = 10;      // beside a control's label
+constexpr int kDialogButton = 88; // least width of a button in a dialog
+constexpr int kFieldFrame = 4;    // keeps a square content clear of the round corners
+constexpr int kFieldPadding = 6;  // beside a field's text
+constexpr int kComboArrow = 24;
+constexpr int kLeastSlider = 32;
+
+// Frames that are drawn round, like a line edit's.
+bool isField(const QWidget* widget) {
+    return qobject_cast<const QTextEdit*>(widget) || qobject_cast<const QPlainTextEdit*>(widget) ||
+           qobject_cast<const QListView*>(widget) || qobject_cast<const QTreeView*>(widget);
+}
+
+// The frame of a list or a text edit. A list that was clicked has its selection to show for it.
+void drawArea(QPainter& painter, const QStyleOption& option, const QWidget* widget) {
+    QStyleOption area = option;
+    if (qobject_cast<const QAbstractItemView*>(widget) &&
+        !option.state.testFlag(QStyle::State_KeyboardFocusChange)) {
+        area.state &= ~QStyle::State_HasFocus;
+    }
+    drawField(painter, area);
+}
+
+// Where a control asks for a mark of focus beside what it draws itself.
+void drawFocus(QPainter& painter, const QStyleOption& option, const QWidget* widget) {
+    if (qobject_cast<const QPushButton*>(widget) || qobject_cast<const QComboBox*>(widget)) {
+        return; // a part of their panels
+    }
+    if (qobject_cast<const QAbstractItemView*>(widget)) {
+        return drawItemFocus(painter, option);
+    }
+    const bool isTool = qobject_cast<const QToolButton*>(widget);
+    drawFocusRing(painter, isTool ? widget->rect() : option.rect, option.palette);
+}
+
+// Draws the mark of the item that the pointer is on, and answers the item as it stands on the mark.
+QStyleOptionMenuItem unmarkedItem(const QStyleOptionMenuItem& item, QPainter& painter) {
+    auto plain = item;
+    if (item.state.testFlag(QStyle::State_Selected) && item.state.testFlag(QStyle::State_Enabled)) {
+        drawMenuSelection(painter, item.rect, item.palette);
+        const auto text = item.palette.color(QPalette::Active, QPalette::HighlightedText);
+        for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+            plain.palette.setColor(role, text);
+        }
+    }
+    plain.state &= ~(QStyle::State_Selected | QStyle::State_Sunken);
+    return plain;
+}
+
+QRect sliderRect(const QStyleOptionSlider& bar) {
+    const bool isHorizontal = bar.orientation == Qt::Horizontal;
+    const int groove = isHorizontal ? bar.rect.width() : bar.rect.height();
+    const qint64 range = qint64{bar.maximum} - bar.minimum;
+    int length = groove;
+    if (range > 0) {
+        length = static_cast<int>(qint64{groove} * bar.pageStep / (range + bar.pageStep));
+        length = std::min(std::max(length, kLeastSlider), groove);
+    }
+    const int begin = QStyle::sliderPositionFromValue(bar.minimum, bar.maximum, bar.sliderPosition,
+                                                      groove - length, bar.upsideDown);
+    return isHorizontal ? QRect(bar.rect.left() + begin, bar.rect.top(), length, bar.rect.height())
+                        : QRect(bar.rect.left(), bar.rect.top() + begin, bar.rect.width(), length);
+}
+
+QRect scrollBarPart(const QStyleOptionSlider& bar, QStyle::SubControl part) {
+    const auto slider = sliderRect(bar);
+    const bool isHorizontal = bar.orientation == Qt::Horizontal;
+    auto before = bar.rect;
+    auto after = bar.rect;
+    if (isHorizontal) {
+        before.setRight(slider.left() - 1);
+        after.setLeft(slider.right() + 1);
+    } else {
+        before.setBottom(slider.top() - 1);
+        after.setTop(slider.bottom() + 1);
+    }
+    switch (part) {
+    case QStyle::SC_ScrollBarGroove: return bar.rect;
+    case QStyle::SC_ScrollBarSlider: return slider;
+    case QStyle::SC_ScrollBarSubPage: return before;
+    case QStyle::SC_ScrollBarAddPage: return after;
+    default: return {}; // no buttons at the ends
+    }
+}
+
+} // namespace
+
 KorvanStyle::KorvanStyle() : QProxyStyle(QStringLiteral("fusion")) {}
+
+QPalette KorvanStyle::standardPalette() const {
+    QPalette palette(QColor(0xfcfcfd), QColor(0xf3f3f5));
+    const QColor text(0x1e1e22);
+    const QColor pale(0xa4a4ab);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(role, text);
+        palette.setColor(QPalette::Disabled, role, pale);
+    }
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::Disabled, QPalette::Base, QColor(0xf6f6f8));
+    palette.setColor(QPalette::AlternateBase, QColor(0xf8f8fa));
+    palette.setColor(QPalette::Highlight, QColor(0x2b65d9));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Inactive, QPalette::Highlight, QColor(0xd7dae1));
+    palette.setColor(QPalette::Inactive, QPalette::HighlightedText, text);
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(0xd7dae1));
+    palette.setColor(QPalette::Disabled, QPalette::HighlightedText, pale);
+    palette.setColor(QPalette::PlaceholderText, QColor(0x74747c));
+    palette.setColor(QPalette::ToolTipBase, Qt::white);
+    palette.setColor(QPalette::ToolTipText, text);
+    palette.setColor(QPalette::Link, QColor(0x2b65d9));
+    return palette;
+}
+
+// Where a desktop brings no palette, the toolkit offers Fusion's as if it were the desktop's.
+void KorvanStyle::polish(QPalette& palette) {
+    const auto fusion = QProxyStyle::standardPalette();
+    const auto isFusion = [&](QPalette::ColorRole role) {
+        return palette.color(QPalette::Active, role) == fusion.color(QPalette::Active, role);
+    };
+    if (isFusion(QPalette::Window) && isFusion(QPalette::Base) && isFusion(QPalette::Highlight)) {
+        palette = standardPalette();
+    }
+}
+
+void KorvanStyle::polish(QWidget* widget) {
+    QProxyStyle::polish(widget);
+    if (auto* header = qobject_cast<QHeaderView*>(widget)) {
+        header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter); // as the cells below it
+    }
+    if (qobject_cast<QScrollBar*>(widget) || qobject_cast<QComboBox*>(widget)) {
+        widget->setAttribute(Qt::WA_Hover);
+    }
+}
+
+int KorvanStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
+                             const QWidget* widget) const {
+    switch (metric) {
+    case PM_DefaultFrameWidth: return isField(widget) ? kFieldFrame : 1;
+    case PM_ButtonIconSize:
+    case PM_SmallIconSize:
+    case PM_ListViewIconSize:
+    case PM_IndicatorWidth:
+    case PM_IndicatorHeight: return 16;
+    case PM_ButtonDefaultIndicator:
+    case PM_ButtonShiftHorizontal:
+    case PM_ButtonShiftVertical: return 0;
+    case PM_FocusFrameHMargin: return 7; // beside the text of a row
+    case PM_HeaderMargin: return 8;
+    case PM_HeaderDefaultSectionSizeVertical: return kRowHeight;
+    case PM_ScrollBarExtent: return 12;
+    case PM_ScrollBarSliderMin: return kLeastSlider;
+    case PM_ScrollView_ScrollBarSpacing:
+    case PM_ScrollView_ScrollBarOverlap: return 0;
+    case PM_SplitterWidth: return 1; // drawn as a hairline; the toolkit widens what can be grabbed
+    case PM_MenuPanelWidth: return 1;
+    case PM_MenuHMargin:
+    case PM_MenuVMargin: return 4;
+    case PM_MenuBarPanelWidth: return 0;
+    case PM_MenuBarHMargin:
+    case PM_MenuBarVMargin: return 2;
+    case PM_ToolTipLabelFrameWidth: return 6;
+    case PM_LayoutHorizontalSpacing:
+    case PM_LayoutVerticalSpacing: return 8;
+    default: return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+}
+
+int KorvanStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                           QStyleHintReturn* data) const {
+    switch (hint) {
+    case SH_Widget_Animation_Duration:
+    case SH_Widget_Animate: return 0;
+    case SH_ComboBox_Popup: return 0; // a list below the box, not a menu over it
+    case SH_ComboBox_PopupFrameStyle: return static_cast<int>(QFrame::StyledPanel) | QFrame::Plain;
+    case SH_DialogButtonBox_ButtonsHaveIcons:
+    case SH_EtchDisabledText: return 0;
+    case SH_ItemView_ShowDecorationSelected: return 1;
+    case SH_Table_GridLineColor:
+        return option ? static_cast<int>(colorFor(SemanticColor::separator, option->palette).rgba())
+                      : QProxyStyle::styleHint(hint, option, widget, data);
+    default: return QProxyStyle::styleHint(hint, option, widget, data);
+    }
+}
+
+QSize KorvanStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
+                                    const QSize& contents, const QWidget* widget) const {
+    const int height = std::max(kControlHeight, option ? option->fontMetrics.height() + 12 : 0);
+    switch (type) {
+    case CT_PushButton: {
+        const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+        const bool isPlain =
+            button && button->icon.isNull() && !button->features.testFlag(QStyleOptionButton::Flat);
+        const bool isInDialog = widget && qobject_cast<const QDialog*>(widget->window());
+        const int width = contents.width() + 2 * kPadding + (isPlain ? 2 : 4);
+        return {isPlain && isInDialog ? std::max(width, kDialogButton) : width, height};
+    }
+    case CT_ToolButton: {
+        const auto* button = qstyleoption_cast<const QStyleOptionToolButton*>(option);
+        const bool isSymbol = button && button->toolButtonStyle == Qt::ToolButtonIconOnly;
+        return isSymbol ? QSize(std::max(contents.width() + 10, kControlHeight), kControlHeight)
+                        : QProxyStyle::sizeFromContents(type, option, contents, widget);
+    }
+    case CT_LineEdit: return {contents.width() + 2 * kFieldPadding, height};
+    case CT_ComboBox: return {contents.width() + kPadding + kComboArrow, height};
+    case CT_ItemViewItem: {
+        auto size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+        return {size.width(), std::max(size.height(), kRowHeight)};
+    }
+    case CT_HeaderSection: {
+        const auto size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+        return {size.width(), std::max(size.height(), kRowHeight)};
+    }
+    case CT_MenuItem: {
+        const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+        const auto size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+        const bool isText = item && item->menuItemType != QStyleOptionMenuItem::Separator;
+        return isText ? QSize(size.width() + kPadding, std::max(size.height(), kRowHeight)) : size;
+    }
+    case CT_MenuBarItem: return {contents.width() + 2 * kPadding - 2, height - 2};
+    default: return QProxyStyle::sizeFromContents(type, option, contents, widget);
+    }
+}
+
+QRect KorvanStyle::subElementRect(SubElement element, const QStyleOption* option,
+                                  const QWidget* widget) const {
+    switch (element) {
+    case SE_PushButtonContents: return option->rect.adjusted(kPadding, 0, -kPadding, 0);
+    case SE_LineEditContents: {
+        const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+        const int padding = frame && frame->lineWidth > 0 ? kFieldPadding : 0;
+        return option->rect.adjusted(padding, 0, -padding, 0);
+    }
+    default: return QProxyStyle::subElementRect(element, option, widget);
+    }
+}
+
+QRect KorvanStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                                  SubControl part, const QWidget* widget) const {
+    if (control == CC_ScrollBar) {
+        if (const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option)) {
+            return visualRect(bar->direction, bar->rect, scrollBarPart(*bar, part));
+        }
+    }
+    if (control == CC_ComboBox && (part == SC_ComboBoxEditField || part == SC_ComboBoxArrow)) {
+        auto rect = option->rect;
+        if (part == SC_ComboBoxArrow) {
+            rect.setLeft(rect.right() - kComboArrow + 1);
+        } else {
+            rect.adjust(kPadding - 1, 2, -kComboArrow, -2);
+        }
+        return visualRect(option->direction, option->rect, rect);
+    }
+    return QProxyStyle::subControlRect(control, option, part, widget);
+}
+
+void KorvanStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                                QPainter* painter, const QWidget* widget) const {
+    switch (element) {
+    case PE_PanelButtonCommand:
+        if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option)) {
+            return drawPushButtonPanel(*painter, *button, widget);
+        }
+        break;
+    case PE_PanelButtonTool: return drawToolButtonPanel(*painter, *option);
+    case PE_FrameDefaultButton:
+    case PE_FrameStatusBarItem: return;
+    case PE_FrameFocusRect: return drawFocus(*painter, *option, widget);
+    case PE_PanelLineEdit: {
+        const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+        if (frame && frame->lineWidth > 0) {
+            drawField(*painter, *option);
+        }
+        return;
+    }
+    case PE_FrameLineEdit: return drawField(*painter, *option);
+    case PE_Frame:
+        return isField(widget) ? drawArea(*painter, *option, widget)
+                               : drawHairlineFrame(*painter, *option);
+    case PE_PanelItemViewItem:
+        if (const auto* item = qstyleoption_cast<const QStyleOptionViewItem*>(option)) {
+            return drawItemPanel(*painter, *item, isField(widget));
+        }
+        break;
+    case PE_IndicatorCheckBox:
+    case PE_IndicatorItemViewItemCheck: return drawCheckBox(*painter, *option);
+    case PE_FrameMenu: return;
+    case PE_PanelMenu: return drawMenuPanel(*painter, *option);
+    case PE_PanelTipLabel: return drawToolTipPanel(*painter, *option);
+    case PE_PanelScrollAreaCorner:
+        return painter->fillRect(option->rect, scrollGround(option->palette, widget));
+    case PE_IndicatorArrowDown: return drawArrow(*painter, *option, Qt::DownArrow);
+    case PE_IndicatorArrowUp: return drawArrow(*painter, *option, Qt::UpArrow);
+    case PE_IndicatorArrowLeft: return drawArrow(*painter, *option, Qt::LeftArrow);
+    case PE_IndicatorArrowRight: return drawArrow(*painter, *option, Qt::RightArrow);
+    default: break;
+    }
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
+
+void KorvanStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                              const QWidget* widget) const {
+    switch (element) {
+    case CE_PushButtonLabel:
+        if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option)) {
+            return drawPushButtonLabel(*painter, *button, widget);
+        }
+        break;
+    case CE_HeaderSection:
+    case CE_HeaderEmptyArea:
+        if (const auto* header = qstyleoption_cast<const QStyleOptionHeader*>(option)) {
+            return drawHeaderSection(*painter, *header);
+        }
+        break;
+    case CE_HeaderLabel:
+        if (const auto* header = qstyleoption_cast<const QStyleOptionHeader*>(option)) {
+            return drawHeaderLabel(*painter, *header);
+        }
+        break;
+    case CE_Splitter:
+        return painter->fillRect(option->rect, colorFor(SemanticColor::separator, option->palette));
+    case CE_MenuItem:
+        if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option)) {
+            // Fusion draws all but the mark, as it would an item without one.
+            const auto plain = unmarkedItem(*item, *painter);
+            return QProxyStyle::drawControl(element, &plain, painter, widget);
+        }
+        break;
+    case CE_MenuBarItem:
+        if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option)) {
+            painter->fillRect(item->rect, item->palette.color(QPalette::Window));
+            const auto plain = unmarkedItem(*item, *painter);
+            return drawItemText(painter, item->rect, Qt::AlignCenter | Qt::TextShowMnemonic,
+                                plain.palette, item->state.testFlag(State_Enabled), item->text,
+                                QPalette::WindowText);
+        }
+        break;
+    case CE_MenuBarEmptyArea:
+        return painter->fillRect(option->rect, option->palette.color(QPalette::Window));
+    default: break;
+    }
+    QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+void KorvanStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                     QPainter* painter, const QWidget* widget) const {
+    if (control == CC_ScrollBar) {
+        if (const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option)) {
+            const auto slider = subControlRect(control, option, SC_ScrollBarSlider, widget);
+            return drawScrollBar(*painter, *bar, slider, widget);
+        }
+    }
+    if (control == CC_ComboBox) {
+        if (const auto* box = qstyleoption_cast<const QStyleOptionComboBox*>(option)) {
+            const auto arrow = subControlRect(control, option, SC_ComboBoxArrow, widget);
+            return drawComboBox(*painter, *box, arrow);
+        }
+    }
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+}
 
 int animationDuration(const QWidget& widget) {
     constexpr int slideMilliseconds = 180;

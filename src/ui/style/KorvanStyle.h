@@ -6,7 +6,10 @@
 namespace korvan {
 
 // How every control is drawn: flat and calm, on any desktop alike, with that desktop's palette and
-// font. Set once, on the application.
+// font. Set once, on the application. Nothing that it draws moves by itself.
+//
+// This class decides how large controls are and which drawing (Drawing.h) each part of them takes.
+// What it does not name is left to Fusion.
 class KorvanStyle final : public QProxyStyle {
     Q_OBJECT
 
@@ -18,6 +21,32 @@ public:
     // Whether parts of a window may slide and fade. Full unless the desktop asks for less.
     void setMotion(Motion motion) { m_motion = motion; }
     [[nodiscard]] Motion motion() const { return m_motion; }
+
+    // The palette where the desktop brings none of its own.
+    [[nodiscard]] QPalette standardPalette() const override;
+
+    using QProxyStyle::polish;
+    void polish(QPalette& palette) override;
+    void polish(QWidget* widget) override;
+
+    [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                                  const QWidget* widget) const override;
+    [[nodiscard]] int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                                QStyleHintReturn* data) const override;
+    [[nodiscard]] QSize sizeFromContents(ContentsType type, const QStyleOption* option,
+                                         const QSize& contents,
+                                         const QWidget* widget) const override;
+    [[nodiscard]] QRect subElementRect(SubElement element, const QStyleOption* option,
+                                       const QWidget* widget) const override;
+    [[nodiscard]] QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                                       SubControl part, const QWidget* widget) const override;
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                            QPainter* painter, const QWidget* widget) const override;
 
 private:
     Motion m_motion = Motion::full;

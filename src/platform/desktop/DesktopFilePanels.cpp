@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include "platform/desktop/DesktopFilePanels.h"
+
+#include "platform/desktop/QtText.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace korvan {
+
+namespace {
+
+// "JSON-Dateien (*.json)"
+QString nameFilter(const std::vector<std::string>& fileTypes) {
+    QStringList names;
+    QStringList patterns;
+    for (const std::string& type : fileTypes) {
+        names << toQString(type).toUpper();
+        patterns << QStringLiteral("*.") + toQString(type);
+    }
+    return QStringLiteral("%1-Dateien (%2)")
+        .arg(names.join(QStringLiteral("/")), patterns.join(QLatin1Char(' ')));
+}
+
+// The chosen path, empty when the user cancelled.
+QString run(QFileDialog& dialog) {
+    if (dialog.exec() != QDialog::Accepted) return {};
+    const QStringList files = dialog.selectedFiles();
+    return files.isEmpty() ? QString() : files.first();
+}
+
+bool mayReplace(const QString& path) {
+    QMessageBox question(QApplication::activeWindow());
+    question.setIcon(QMessageBox::Warning);
+    question.setText(QStringLiteral("„%1“ ist bereits vorhanden.").arg(QFileInfo(path).fileName()));
+    question.setInformativeText(QStringLiteral("Soll die Datei ersetzt werden?"));
+    const auto* replace =
+        question.addButton(QStringLiteral("Ersetzen"), QMessageBox::DestructiveRole);
+    auto* cancel = question.addButton(QStringLiteral("Abbrechen"), QMessageBox::RejectRole);
+    question.setDefaultButton(cancel);
+    question.setEscapeButton(cancel);
+    question.exec();
+    return question.clickedButton() == replace;
+}
+
+} // namespace
+
+std::optional<std::string> DesktopFilePanels::runSavePanel(const SavePanel& panel) {
+    const QString fileType = toQString(panel.fileType);
+    QString proposed = toQString(panel.proposedName);
+    while (true) {
+        QFileDialog dialog(QApplication::activeWindow(), toQString(panel.title));
+        dialog.setAcceptMode(QFileDialog::AcceptSave);
+        dialog.setFileMode(QFileDialog::AnyFile);
+        dialog.setOption(QFileDialog::DontConfirmOverwrite);
+        dialog.setSupportedSchemes({QStringLiteral("file")});
+        dialog.setNameFilter(nameFilter({panel.fileType}));
+        dialog.setDefaultSuffix(fileType);
+        dialog.selectFile(proposed);
+        QString path = run(dialog);
+        if (path.isEmpty()) return std::nullopt;
+        if (QFileInfo(path).suffix().isEmpty()) path += QLatin1Char('.') + fileType;
+        if (!QFileInfo::exists(path) || mayReplace(path)) return fromQString(path);
+        proposed = path; // he may want another name beside it
+    }
+}
+
+std::optional<std::string> DesktopFilePanels::runOpenPanel(const OpenPanel& panel) {
+    QFileDialog dialog(QApplication::activeWindow(), toQString(panel.title));
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.setSupportedSchemes({QStringLiteral("file")});
+    if (panel.fileTypes.empty()) {
+        dialog.setFilter(dialog.filter() | QDir::Hidden); // keys lie in ~/.ssh
+    } else {
+        dialog.setNameFilter(nameFilter(panel.fileTypes));
+    }
+    const QString path = run(dialog);
+    if (path.isEmpty()) return std::nullopt;
+    return fromQString(path);
+}
+
+} // namespace korvan

@@ -1,0 +1,320 @@
+// SPDX-License-Identifier: MIT
+#include "platform/desktop/SqliteKeyValueStore.h"
+
+#include "platform/Files.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <fcntl.h>
+#include <pwd.h>
+#include <sqlite3.h>
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
+#include <utility>
+
+namespace korvan {
+
+namespace {
+
+namespace fs = std::filesystem;
+using Clock = std::chrono::steady_clock;
+
+constexpr std::string_view kCannotRead = "Die gespeicherten Daten konnten nicht gelesen werden";
+constexpr std::string_view kCannotWrite = "Die Daten konnten nicht gespeichert werden";
+constexpr std::string_view kCannotCreate = "Die Datenbank konnte nicht angelegt werden";
+
+// What a JSON parser may read, and ignores, behind the end of its text.
+constexpr int kReadPadding = 64;
+
+// The time between two attempts where SQLite itself does not wait.
+constexpr std::chrono::milliseconds kPause(5);
+
+// Large pages, since a value is written whole and may have megabytes; they count only before the
+// first table is made. Kept small between changes is the log: 64 pages, 4 MB.
+constexpr const char* kWritingSettings = "PRAGMA page_size = 65536;"
+                                         "PRAGMA journal_mode = WAL;"
+                                         "PRAGMA synchronous = FULL;"
+                                         "PRAGMA wal_autocheckpoint = 64;"
+                                         "PRAGMA journal_size_limit = 4194304;";
+
+std::string_view reasonFor(int code) {
+    if (code == SQLITE_CANTOPEN_ISDIR) return "Das ist ein Ordner";
+    switch (code & 0xff) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED: return "Ein anderes Programm hält die Datei gesperrt";
+    case SQLITE_NOTADB: return "Das ist keine Datenbank";
+    case SQLITE_CORRUPT: return "Die Datenbank ist beschädigt";
+    case SQLITE_READONLY: return "Die Datei ist schreibgeschützt";
+    case SQLITE_CANTOPEN: return "Die Datei lässt sich nicht öffnen";
+    case SQLITE_PERM: return "Keine Berechtigung";
+    case SQLITE_FULL: return "Auf dem Datenträger ist kein Platz mehr";
+    case SQLITE_TOOBIG: return "Die Daten sind zu groß";
+    case SQLITE_NOMEM: return "Nicht genug Speicher";
+    case SQLITE_IOERR: return "Ein-/Ausgabefehler";
+    default: return "Die Datenbank hat nicht die erwartete Form";
+    }
+}
+
+// The name under which SQLite opens a file that it may neither change nor lock.
+std::string immutableName(const fs::path& path) {
+    std::string name = "file:";
+    for (const char character : path.string()) {
+        constexpr std::string_view kDigits = "0123456789ABCDEF";
+        if (std::string_view("%?#").find(character) == std::string_view::npos) {
+            name += character;
+        } else {
+            const auto byte = static_cast<unsigned char>(character);
+            name.append({'%', kDigits[byte / 16], kDigits[byte % 16]});
+        }
+    }
+    return name + "?immutable=1";
+}
+
+bool mayWrite(const fs::path& path) { return ::access(path.c_str(), W_OK) == 0; }
+
+fs::path homeFolder() {
+    if (const char* home = std::getenv("HOME"); home && *home == '/') return home;
+    std::array<char, 16384> texts{};
+    passwd entry{};
+    passwd* found = nullptr;
+    ::getpwuid_r(::getuid(), &entry, texts.data(), texts.size(), &found);
+    return found && found->pw_dir && *found->pw_dir == '/' ? found->pw_dir : "/";
+}
+
+// One SQL statement, from its preparation to its end.
+class Statement final {
+public:
+    Statement(sqlite3* connection, const char* text)
+        : m_code(sqlite3_prepare_v2(connection, text, -1, &m_statement, nullptr)) {}
+    Statement(const Statement&) = delete;
+    Statement& operator=(const Statement&) = delete;
+    ~Statement() { sqlite3_finalize(m_statement); }
+
+    // What is bound must outlive the statement.
+    Statement& bindText(int place, std::string_view text) {
+        if (m_code == SQLITE_OK)
+            m_code = sqlite3_bind_text64(m_statement, place, text.data(), text.size(),
+                                         SQLITE_STATIC, SQLITE_UTF8);
+        return *this;
+    }
+    Statement& bindData(int place, std::string_view data) {
+        const char* bytes = data.empty() ? "" : data.data(); // a null pointer would bind NULL
+        if (m_code == SQLITE_OK)
+            m_code = sqlite3_bind_blob64(m_statement, place, bytes, data.size(), SQLITE_STATIC);
+        return *this;
+    }
+
+    // Whether there is a next row.
+    [[nodiscard]] bool step() {
+        if (m_code != SQLITE_OK) return false;
+        const int code = sqlite3_step(m_statement);
+        if (code != SQLITE_DONE && code != SQLITE_ROW) m_code = code;
+        return code == SQLITE_ROW;
+    }
+
+    // SQLITE_OK unless something failed.
+    [[nodiscard]] int code() const { return m_code; }
+
+    [[nodiscard]] int run() {
+        while (step()) {
+        }
+        return m_code;
+    }
+
+    // The first column of the row, when it is a data value.
+    [[nodiscard]] std::optional<std::string> data() {
+        if (sqlite3_column_type(m_statement, 0) != SQLITE_BLOB) return std::nullopt;
+        const auto* bytes = static_cast<const char*>(sqlite3_column_blob(m_statement, 0));
+        const int size = sqlite3_column_bytes(m_statement, 0);
+        std::string copy;
+        copy.reserve(static_cast<std::size_t>(size) + kReadPadding);
+        if (size > 0) copy.append(bytes, static_cast<std::size_t>(size));
+        return copy;
+    }
+
+private:
+    sqlite3_stmt* m_statement = nullptr;
+    int m_code;
+};
+
+} // namespace
+
+fs::path defaultDatabasePath() {
+    const char* configured = std::getenv("XDG_DATA_HOME");
+    const fs::path data =
+        configured && *configured == '/' ? fs::path(configured) : homeFolder() / ".local" / "share";
+    return data / "korvan" / "defaults.sqlite3";
+}
+
+SqliteKeyValueStore::SqliteKeyValueStore(fs::path path, std::chrono::milliseconds wait)
+    : m_path(std::move(path)), m_wait(wait) {}
+
+SqliteKeyValueStore::~SqliteKeyValueStore() { disconnect(); }
+
+Result<std::optional<std::string>> SqliteKeyValueStore::dataForKey(std::string_view key) {
+    std::optional<std::string> data;
+    const auto done = read([&] {
+        // A database without the table holds nothing. Only this answer says so for certain: the
+        // failure to use the table may as well be that of reading the file.
+        Statement table(m_connection,
+                        "SELECT 1 FROM sqlite_schema WHERE name = 'defaults' COLLATE NOCASE");
+        if (!table.step()) return table.code();
+        Statement value(m_connection, "SELECT value FROM defaults WHERE key = ?1");
+        if (value.bindText(1, key).step()) data = value.data();
+        return value.code();
+    });
+    if (!done) {
+        m_unreadKeys.insert_or_assign(std::string(key), done.error());
+        return std::unexpected(done.error());
+    }
+    if (const auto found = m_unreadKeys.find(key); found != m_unreadKeys.end())
+        m_unreadKeys.erase(found);
+    return data;
+}
+
+Result<> SqliteKeyValueStore::setData(std::string_view key, std::string_view data) {
+    if (const auto found = m_unreadKeys.find(key); found != m_unreadKeys.end())
+        return std::unexpected(found->second);
+    return write([&] {
+        return Statement(m_connection, "INSERT INTO defaults(key, value) VALUES(?1, ?2) "
+                                       "ON CONFLICT(key) DO UPDATE SET value = excluded.value")
+            .bindText(1, key)
+            .bindData(2, data)
+            .run();
+    });
+}
+
+Result<> SqliteKeyValueStore::preserve(std::string_view key) {
+    return write([&] {
+        Statement value(m_connection, "SELECT 1 FROM defaults WHERE key = ?1");
+        if (!value.bindText(1, key).step()) return value.code();
+        const int code = execute("CREATE TABLE IF NOT EXISTS damaged(key TEXT, value, at TEXT)");
+        if (code != SQLITE_OK) return code;
+        return Statement(m_connection, "INSERT INTO damaged(key, value, at) SELECT key, value, "
+                                       "strftime('%Y-%m-%dT%H:%M:%SZ', 'now') "
+                                       "FROM defaults WHERE key = ?1")
+            .bindText(1, key)
+            .run();
+    });
+}
+
+Result<> SqliteKeyValueStore::read(const Work& work) {
+    if (isAbsent()) return {};
+    return attempt(kCannotRead, work);
+}
+
+Result<> SqliteKeyValueStore::write(const Work& work) {
+    if (auto created = createIfAbsent(); !created) return created;
+    return attempt(kCannotWrite, [&] {
+        int code = prepareForWriting();
+        // The right to write comes first: a transaction that read before could not wait for it.
+        if (code == SQLITE_OK) code = execute("BEGIN IMMEDIATE");
+        if (code == SQLITE_OK)
+            code = execute("CREATE TABLE IF NOT EXISTS defaults(key TEXT PRIMARY KEY, value)");
+        if (code == SQLITE_OK) code = work();
+        if (code == SQLITE_OK) code = execute("COMMIT");
+        return code; // closing the connection rolls back
+    });
+}
+
+Result<> SqliteKeyValueStore::attempt(std::string_view what, const Work& work) {
+    const auto deadline = Clock::now() + m_wait;
+    while (true) {
+        int code = connect();
+        if (code == SQLITE_OK) {
+            const auto left =
+                std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now());
+            sqlite3_busy_timeout(
+                m_connection,
+                static_cast<int>(std::max(left.count(), std::chrono::milliseconds::rep{0})));
+            code = work();
+        }
+        if (code == SQLITE_OK) {
+            if (m_isSnapshot) disconnect();
+            return {};
+        }
+        const Error error = errorNow(what, code);
+        disconnect();
+        // SQLite does not wait where that could be a deadlock, as when two processes make the
+        // database at the same time.
+        const bool mayTryAgain = (code & 0xff) == SQLITE_BUSY && Clock::now() < deadline;
+        if (!mayTryAgain) return std::unexpected(error);
+        std::this_thread::sleep_for(kPause);
+    }
+}
+
+bool SqliteKeyValueStore::isAbsent() const {
+    struct stat status{};
+    return ::lstat(m_path.c_str(), &status) != 0 && errno == ENOENT;
+}
+
+Result<> SqliteKeyValueStore::createIfAbsent() {
+    if (!isAbsent()) return {};
+    if (const auto created = createFolder(m_path.parent_path()); !created)
+        return failure("SQLite", SQLITE_CANTOPEN, created.error().localizedDescription);
+    // By hand, since SQLite would let others read it. Only ever a new file: closing a descriptor of
+    // one that is in use would drop the locks that SQLite holds on it.
+    const int file = ::open(m_path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+    if (file >= 0) ::close(file);
+    if (file >= 0 || errno == EEXIST) return {}; // another process may have been quicker
+    return failure("SQLite", SQLITE_CANTOPEN,
+                   posixError(errno, kCannotCreate, m_path).localizedDescription);
+}
+
+int SqliteKeyValueStore::connect() {
+    struct stat status{};
+    const bool isThere = ::stat(m_path.c_str(), &status) == 0;
+    const bool isSame = isThere && status.st_dev == m_device && status.st_ino == m_inode;
+    if (m_connection && !isSame) {
+        // The file was taken away or replaced. The log beside it is the new one's now, so closing
+        // must neither apply nor remove it.
+        int yes = 1;
+        sqlite3_file_control(m_connection, "main", SQLITE_FCNTL_PERSIST_WAL, &yes);
+        sqlite3_db_config(m_connection, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+        disconnect();
+    }
+    if (m_connection) return SQLITE_OK;
+    if (isThere && !S_ISREG(status.st_mode))
+        return S_ISDIR(status.st_mode) ? SQLITE_CANTOPEN_ISDIR : SQLITE_CANTOPEN;
+
+    // Where SQLite may not make its log, it cannot even read; or it leaves an empty log that nobody
+    // removes. As long as there is no log, the file alone is the database.
+    const auto hasCompanion = [&](const char* ending) {
+        std::error_code ignored;
+        return fs::exists(m_path.string() + ending, ignored);
+    };
+    m_isSnapshot = isThere && (!mayWrite(m_path) || !mayWrite(m_path.parent_path())) &&
+                   !hasCompanion("-wal") && !hasCompanion("-journal");
+    const std::string name = m_isSnapshot ? immutableName(m_path) : m_path.string();
+    const int access =
+        m_isSnapshot ? SQLITE_OPEN_READONLY | SQLITE_OPEN_URI : SQLITE_OPEN_READWRITE;
+    m_device = status.st_dev;
+    m_inode = status.st_ino;
+    m_isPreparedForWriting = false;
+    return sqlite3_open_v2(name.c_str(), &m_connection, access | SQLITE_OPEN_EXRESCODE, nullptr);
+}
+
+int SqliteKeyValueStore::prepareForWriting() {
+    if (m_isPreparedForWriting) return SQLITE_OK;
+    const int code = execute(kWritingSettings);
+    m_isPreparedForWriting = code == SQLITE_OK;
+    return code;
+}
+
+void SqliteKeyValueStore::disconnect() { sqlite3_close(std::exchange(m_connection, nullptr)); }
+
+int SqliteKeyValueStore::execute(const char* statements) {
+    return sqlite3_exec(m_connection, statements, nullptr, nullptr, nullptr);
+}
+
+Error SqliteKeyValueStore::errorNow(std::string_view what, int code) const {
+    const char* original = m_connection ? sqlite3_errmsg(m_connection) : sqlite3_errstr(code);
+    return {"SQLite", code,
+            std::string(what) + ": " + std::string(reasonFor(code)) + " („" + m_path.string() +
+                "“; " + original + ")."};
+}
+
+} // namespace korvan

@@ -1,0 +1,362 @@
+// SPDX-License-Identifier: MIT
+#include "ui/style/Drawing.h"
+
+#include "ui/style/Colors.h"
+#include "ui/style/Controls.h"
+#include "ui/style/TextStyles.h"
+
+#include <QAbstractScrollArea>
+#include <QIcon>
+#include <QPainter>
+#include <QPainterPath>
+#include <QStyle>
+
+namespace korvan {
+
+namespace {
+
+constexpr double kRadius = 6;
+constexpr double kSmallRadius = 4;
+constexpr int kIconGap = 6;
+constexpr QColor kRedFill(0xcb, 0x2f, 0x3e); // carries white text, on a light and a dark window
+
+// Saves the painter's state and puts it back, since styles share the painter of the widget.
+class Painting final {
+public:
+    explicit Painting(QPainter& painter) : m_painter(painter) {
+        m_painter.save();
+        m_painter.setRenderHint(QPainter::Antialiasing);
+    }
+    ~Painting() { m_painter.restore(); }
+    Painting(const Painting&) = delete;
+    Painting& operator=(const Painting&) = delete;
+
+private:
+    QPainter& m_painter;
+};
+
+// An invalid colour leaves out the fill or the border.
+void drawRounded(QPainter& painter, const QRectF& rect, const QColor& fill, const QColor& border,
+                 double radius = kRadius) {
+    const Painting painting(painter);
+    painter.setBrush(fill.isValid() ? QBrush(fill) : QBrush(Qt::NoBrush));
+    if (!border.isValid()) {
+        painter.setPen(Qt::NoPen);
+        painter.drawRoundedRect(rect, radius, radius);
+        return;
+    }
+    painter.setPen(QPen(border, 1));
+    painter.drawRoundedRect(rect.adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5, radius - 0.5);
+}
+
+QColor border(const QPalette& palette) {
+    return mixed(palette.color(QPalette::Window),
+                 palette.color(QPalette::Active, QPalette::WindowText),
+                 palette.currentColorGroup() == QPalette::Disabled ? 0.12 : 0.22);
+}
+
+QColor hairline(const QPalette& palette) { return colorFor(SemanticColor::separator, palette); }
+
+bool has(const QStyleOption& option, QStyle::StateFlag flag) { return option.state.testFlag(flag); }
+
+// How much of the text's colour a control takes on under the pointer and while it is pressed.
+double emphasis(const QStyleOption& option) {
+    if (!has(option, QStyle::State_Enabled)) {
+        return 0;
+    }
+    if (has(option, QStyle::State_Sunken) || has(option, QStyle::State_On)) {
+        return 0.14;
+    }
+    return has(option, QStyle::State_MouseOver) ? 0.06 : 0;
+}
+
+bool showsKeyboardFocus(const QStyleOption& option) {
+    return has(option, QStyle::State_HasFocus) && has(option, QStyle::State_KeyboardFocusChange);
+}
+
+bool isFilled(const QStyleOptionButton& button) {
+    return button.features.testFlag(QStyleOptionButton::DefaultButton) &&
+           !button.features.testFlag(QStyleOptionButton::Flat) &&
+           has(button, QStyle::State_Enabled);
+}
+
+// The colour that fills a dialog's default button.
+QColor fillOf(const QStyleOptionButton& button, const QWidget* widget) {
+    const bool isRed = widget && buttonColor(*widget) == SemanticColor::red;
+    return isRed ? kRedFill : colorFor(SemanticColor::accent, button.palette);
+}
+
+QColor textOn(const QColor& fill, const QPalette& palette) {
+    const auto text = palette.color(QPalette::HighlightedText);
+    if (contrast(text, fill) >= 3) {
+        return text;
+    }
+    return contrast(Qt::white, fill) > contrast(Qt::black, fill) ? Qt::white : Qt::black;
+}
+
+QColor labelColor(const QStyleOptionButton& button, const QWidget* widget) {
+    if (isFilled(button)) {
+        return textOn(fillOf(button, widget), button.palette);
+    }
+    const auto color = widget ? buttonColor(*widget) : SemanticColor::primary;
+    if (color == SemanticColor::primary) {
+        return button.palette.color(QPalette::ButtonText);
+    }
+    const auto own = colorFor(color, button.palette);
+    return has(button, QStyle::State_Enabled) ? readable(own, button.palette) : own;
+}
+
+void drawCheckMark(QPainter& painter, const QRectF& rect, const QColor& color) {
+    const Painting painting(painter);
+    painter.setPen(QPen(color, 1.75, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const auto at = [&rect](double x, double y) {
+        return QPointF(rect.left() + x * rect.width(), rect.top() + y * rect.height());
+    };
+    painter.drawPolyline(QPolygonF{at(0.25, 0.53), at(0.43, 0.7), at(0.75, 0.31)});
+}
+
+} // namespace
+
+void drawFocusRing(QPainter& painter, const QRect& rect, const QPalette& palette) {
+    const Painting painting(painter);
+    painter.setPen(QPen(palette.color(QPalette::Active, QPalette::Highlight), 2));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(rect).adjusted(1, 1, -1, -1), kRadius - 1, kRadius - 1);
+}
+
+void drawPushButtonPanel(QPainter& painter, const QStyleOptionButton& button,
+                         const QWidget* widget) {
+    const auto& palette = button.palette;
+    const auto text = palette.color(QPalette::ButtonText);
+    if (isFilled(button)) {
+        const auto fill = fillOf(button, widget);
+        drawRounded(painter, button.rect, mixed(fill, Qt::black, emphasis(button)), {});
+        if (showsKeyboardFocus(button)) { // its own ring would not stand out from the fill
+            drawFocusRing(painter, button.rect, palette);
+            drawRounded(painter, QRectF(button.rect).adjusted(2, 2, -2, -2), {},
+                        textOn(fill, palette), kSmallRadius);
+        }
+        return;
+    }
+    if (button.features.testFlag(QStyleOptionButton::Flat)) {
+        auto ground = text;
+        ground.setAlphaF(static_cast<float>(emphasis(button)));
+        drawRounded(painter, button.rect, ground, {});
+    } else {
+        const auto ground =
+            has(button, QStyle::State_Enabled)
+                ? palette.color(QPalette::Button)
+                : mixed(palette.color(QPalette::Button), palette.color(QPalette::Window), 0.6);
+        drawRounded(painter, button.rect, mixed(ground, text, emphasis(button)), border(palette));
+    }
+    if (showsKeyboardFocus(button)) {
+        drawFocusRing(painter, button.rect, palette);
+    }
+}
+
+void drawPushButtonLabel(QPainter& painter, const QStyleOptionButton& button,
+                         const QWidget* widget) {
+    const Painting painting(painter);
+    const bool hasIcon = !button.icon.isNull();
+    const int iconWidth = hasIcon ? button.iconSize.width() : 0;
+    const int gap = hasIcon && !button.text.isEmpty() ? kIconGap : 0;
+    const int room = button.rect.width() - iconWidth - gap;
+    const int needed = button.fontMetrics.size(Qt::TextShowMnemonic, button.text).width();
+    const int textWidth = std::min(needed, room);
+    const QRect whole(button.rect.left() + (room - textWidth) / 2, button.rect.top(),
+                      iconWidth + gap + textWidth, button.rect.height());
+    const auto place = [&](Qt::Alignment alignment, QSize size) {
+        return QStyle::alignedRect(button.direction, alignment | Qt::AlignVCenter, size, whole);
+    };
+    if (hasIcon) {
+        const auto mode = isFilled(button)                     ? QIcon::Selected
+                          : has(button, QStyle::State_Enabled) ? QIcon::Normal
+                                                               : QIcon::Disabled;
+        button.icon.paint(&painter, place(Qt::AlignLeft, button.iconSize), Qt::AlignCenter, mode);
+    }
+    painter.setPen(labelColor(button, widget));
+    const auto text = needed > room ? button.fontMetrics.elidedText(button.text, Qt::ElideRight,
+                                                                    room, Qt::TextShowMnemonic)
+                                    : button.text;
+    painter.drawText(place(Qt::AlignRight, {textWidth, whole.height()}),
+                     Qt::AlignCenter | Qt::TextSingleLine | Qt::TextShowMnemonic, text);
+}
+
+void drawToolButtonPanel(QPainter& painter, const QStyleOption& option) {
+    auto ground = option.palette.color(QPalette::ButtonText);
+    ground.setAlphaF(static_cast<float>(emphasis(option)));
+    drawRounded(painter, option.rect, ground, {});
+}
+
+void drawComboBox(QPainter& painter, const QStyleOptionComboBox& box, const QRect& arrow) {
+    const auto& palette = box.palette;
+    if (box.editable) {
+        drawField(painter, box);
+    } else {
+        const auto ground = palette.color(QPalette::Button);
+        const auto text = palette.color(QPalette::ButtonText);
+        drawRounded(painter, box.rect, mixed(ground, text, emphasis(box)), border(palette));
+        if (showsKeyboardFocus(box)) {
+            drawFocusRing(painter, box.rect, palette);
+        }
+    }
+    QStyleOption chevron = box;
+    chevron.rect = arrow;
+    drawArrow(painter, chevron, Qt::DownArrow);
+}
+
+void drawCheckBox(QPainter& painter, const QStyleOption& option) {
+    const auto& palette = option.palette;
+    const QRectF rect = option.rect;
+    const bool isEnabled = has(option, QStyle::State_Enabled);
+    if (has(option, QStyle::State_Off)) {
+        drawRounded(painter, rect, palette.color(isEnabled ? QPalette::Base : QPalette::Window),
+                    border(palette), kSmallRadius);
+        return;
+    }
+    const auto fill = isEnabled ? colorFor(SemanticColor::accent, palette) : border(palette);
+    drawRounded(painter, rect, fill, {}, kSmallRadius);
+    if (has(option, QStyle::State_On)) {
+        drawCheckMark(painter, rect, textOn(fill, palette));
+    } else {
+        painter.fillRect(QRectF(rect.center().x() - 4, rect.center().y() - 1, 8, 2),
+                         textOn(fill, palette));
+    }
+}
+
+void drawField(QPainter& painter, const QStyleOption& option) {
+    const auto& palette = option.palette;
+    const auto base = palette.color(QPalette::Base);
+    const bool isEnabled = has(option, QStyle::State_Enabled);
+    drawRounded(painter, option.rect,
+                isEnabled ? base : mixed(base, palette.color(QPalette::Window), 0.8),
+                border(palette));
+    if (has(option, QStyle::State_HasFocus)) {
+        drawFocusRing(painter, option.rect, palette);
+    }
+}
+
+void drawHairlineFrame(QPainter& painter, const QStyleOption& option) {
+    const Painting painting(painter);
+    painter.setPen(QPen(border(option.palette), 1));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5));
+}
+
+void drawHeaderSection(QPainter& painter, const QStyleOptionHeader& header) {
+    const auto& palette = header.palette;
+    const QRect& rect = header.rect;
+    const auto ground = mixed(palette.color(QPalette::Base), palette.color(QPalette::Window), 0.5);
+    const double pressed = has(header, QStyle::State_Sunken) ? 0.06 : 0;
+    painter.fillRect(rect, mixed(ground, palette.color(QPalette::WindowText), pressed));
+    painter.fillRect(QRect(rect.left(), rect.bottom(), rect.width(), 1), hairline(palette));
+    if (header.orientation != Qt::Horizontal) {
+        return;
+    }
+    const bool isLeftToRight = header.direction == Qt::LeftToRight;
+    painter.fillRect(
+        QRect(isLeftToRight ? rect.right() : rect.left(), rect.top() + 6, 1, rect.height() - 12),
+        hairline(palette));
+}
+
+void drawHeaderLabel(QPainter& painter, const QStyleOptionHeader& header) {
+    const Painting painting(painter);
+    auto font = fontFor(TextStyle::callout);
+    font.setWeight(QFont::DemiBold);
+    painter.setFont(font);
+    painter.setPen(colorFor(SemanticColor::secondary, header.palette));
+    const auto alignment =
+        QStyle::visualAlignment(header.direction, header.textAlignment | Qt::AlignVCenter);
+    const auto text =
+        QFontMetrics(font).elidedText(header.text, Qt::ElideRight, header.rect.width());
+    painter.drawText(header.rect, static_cast<int>(alignment) | Qt::TextSingleLine, text);
+}
+
+void drawItemPanel(QPainter& painter, const QStyleOptionViewItem& item, bool isRound) {
+    if (item.backgroundBrush.style() != Qt::NoBrush) {
+        painter.fillRect(item.rect, item.backgroundBrush);
+    }
+    if (!has(item, QStyle::State_Selected)) {
+        return;
+    }
+    auto palette = item.palette;
+    if (has(item, QStyle::State_Enabled)) {
+        palette.setCurrentColorGroup(has(item, QStyle::State_Active) ? QPalette::Active
+                                                                     : QPalette::Inactive);
+    }
+    const auto fill = palette.color(QPalette::Highlight);
+    const bool isOnlyPart = item.viewItemPosition != QStyleOptionViewItem::OnlyOne &&
+                            item.viewItemPosition != QStyleOptionViewItem::Invalid;
+    if (isRound && !isOnlyPart) {
+        drawRounded(painter, item.rect, fill, {}, kSmallRadius);
+    } else {
+        painter.fillRect(item.rect, fill);
+    }
+}
+
+void drawItemFocus(QPainter& painter, const QStyleOption& option) {
+    auto color = option.palette.color(
+        has(option, QStyle::State_Selected) ? QPalette::HighlightedText : QPalette::Highlight);
+    color.setAlphaF(0.7F);
+    drawRounded(painter, QRectF(option.rect).adjusted(1, 1, -1, -1), {}, color, kSmallRadius);
+}
+
+QColor scrollGround(const QPalette& palette, const QWidget* widget) {
+    for (; widget; widget = widget->parentWidget()) {
+        const auto* area = qobject_cast<const QAbstractScrollArea*>(widget);
+        if (!area) {
+            continue;
+        }
+        const auto* viewport = area->viewport();
+        return viewport->palette().color(viewport->backgroundRole());
+    }
+    return palette.color(QPalette::Base);
+}
+
+void drawScrollBar(QPainter& painter, const QStyleOptionSlider& bar, const QRect& slider,
+                   const QWidget* widget) {
+    const auto ground = scrollGround(bar.palette, widget);
+    painter.fillRect(bar.rect, ground);
+    if (!has(bar, QStyle::State_Enabled) || bar.maximum == bar.minimum) {
+        return;
+    }
+    const bool isOnSlider = bar.activeSubControls.testFlag(QStyle::SC_ScrollBarSlider);
+    const double strength = isOnSlider && has(bar, QStyle::State_Sunken)      ? 0.55
+                            : isOnSlider && has(bar, QStyle::State_MouseOver) ? 0.42
+                                                                              : 0.26;
+    const auto text = bar.palette.color(QPalette::WindowText);
+    drawRounded(painter, QRectF(slider).adjusted(3, 3, -3, -3), mixed(ground, text, strength), {},
+                3);
+}
+
+void drawMenuSelection(QPainter& painter, const QRect& rect, const QPalette& palette) {
+    drawRounded(painter, rect, palette.color(QPalette::Active, QPalette::Highlight), {},
+                kSmallRadius);
+}
+
+void drawMenuPanel(QPainter& painter, const QStyleOption& option) {
+    painter.fillRect(option.rect, option.palette.color(QPalette::Base));
+    drawHairlineFrame(painter, option);
+}
+
+void drawToolTipPanel(QPainter& painter, const QStyleOption& option) {
+    painter.fillRect(option.rect, option.palette.color(QPalette::ToolTipBase));
+    drawHairlineFrame(painter, option);
+}
+
+void drawArrow(QPainter& painter, const QStyleOption& option, Qt::ArrowType direction) {
+    const Painting painting(painter);
+    const bool isEnabled = has(option, QStyle::State_Enabled);
+    const auto text = option.palette.color(isEnabled ? QPalette::Active : QPalette::Disabled,
+                                           QPalette::WindowText);
+    painter.setPen(QPen(mixed(text, option.palette.color(QPalette::Window), 0.25), 1.5,
+                        Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.translate(QRectF(option.rect).center());
+    painter.rotate(direction == Qt::UpArrow      ? 180
+                   : direction == Qt::LeftArrow  ? 90
+                   : direction == Qt::RightArrow ? -90
+                                                 : 0);
+    painter.drawPolyline(QPolygonF{QPointF(-3.5, -1.75), QPointF(0, 1.75), QPointF(3.5, -1.75)});
+}
+
+} // namespace korvan

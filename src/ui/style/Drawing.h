@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QRect>
+#include <QStyleOption>
+
+class QPainter;
+class QWidget;
+
+// How the parts of controls look, each from its option's palette and state. KorvanStyle calls them.
+namespace korvan {
+
+// A ring in the accent colour just inside of `rect`.
+void drawFocusRing(QPainter& painter, const QRect& rect, const QPalette& palette);
+
+void drawPushButtonPanel(QPainter& painter, const QStyleOptionButton& button,
+                         const QWidget* widget);
+void drawPushButtonLabel(QPainter& painter, const QStyleOptionButton& button,
+                         const QWidget* widget);
+void drawToolButtonPanel(QPainter& painter, const QStyleOption& option);
+void drawComboBox(QPainter& painter, const QStyleOptionComboBox& box, const QRect& arrow);
+void drawCheckBox(QPainter& painter, const QStyleOption& option);
+
+// What is typed into: the ground of a line edit and the frame of a text edit or a list.
+void drawField(QPainter& painter, const QStyleOption& option);
+// The plain frame of a table and of a pop-up list.
+void drawHairlineFrame(QPainter& painter, const QStyleOption& option);
+
+void drawHeaderSection(QPainter& painter, const QStyleOptionHeader& header);
+void drawHeaderLabel(QPainter& painter, const QStyleOptionHeader& header);
+// What stands behind a row's text. In a round frame the selection is round, too.
+void drawItemPanel(QPainter& painter, const QStyleOptionViewItem& item, bool isRound);
+// A row's mark of keyboard focus, which stands on the selection's colour or beside it.
+void drawItemFocus(QPainter& painter, const QStyleOption& option);
+
+// The bar without its buttons: they are left out.
+void drawScrollBar(QPainter& painter, const QStyleOptionSlider& bar, const QRect& slider,
+                   const QWidget* widget);
+// The ground of a scroll bar and of the corner between two: that of what they scroll.
+[[nodiscard]] QColor scrollGround(const QPalette& palette, const QWidget* widget);
+
+// The mark of the item in a menu or a menu bar that the pointer is on.
+void drawMenuSelection(QPainter& painter, const QRect& rect, const QPalette& palette);
+void drawMenuPanel(QPainter& painter, const QStyleOption& option);
+void drawToolTipPanel(QPainter& painter, const QStyleOption& option);
+
+// A chevron in the middle of the option's rectangle.
+void drawArrow(QPainter& painter, const QStyleOption& option, Qt::ArrowType direction);
+
+} // namespace korvan

@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+//
+// The order of the house (see ARCHITECTURE.md), read from the include lines of the sources.
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <map>
+#include <regex>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace korvan {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Each source file under src/ with what its include lines name.
+std::map<std::string, std::vector<std::string>> readIncludes() {
+    std::map<std::string, std::vector<std::string>> includes;
+    const std::regex includeLine(R"(\s*#\s*include\s*[<"]([^>"]+)[>"].*)");
+    for (const auto& entry : fs::recursive_directory_iterator(KORVAN_SOURCE_FOLDER)) {
+        const fs::path& path = entry.path();
+        if (path.extension() != ".h" && path.extension() != ".cpp") continue;
+        auto& names = includes[path.lexically_relative(KORVAN_SOURCE_FOLDER).generic_string()];
+        std::ifstream file(path);
+        std::smatch match;
+        for (std::string line; std::getline(file, line);)
+            if (std::regex_match(line, match, includeLine)) names.push_back(match[1]);
+    }
+    return includes;
+}
+
+class Layers : public testing::Test {
+protected:
+    // How high in the house a file stands, 0 if nowhere. What implements the desktop stands right
+    // below the views, as it may use Qt.
+    static int floorOf(std::string_view file) {
+        static constexpr std::array<std::pair<std::string_view, int>, 9> kFloors = {
+            {{"model/", 1},
+             {"store/", 2},
+             {"platform/desktop/", kFirstWithQt},
+             {"platform/", 3},
+             {"actions/", 4},
+             {"ui/style/", 6},
+             {"ui/editors/", 7},
+             {"ui/main/", 8},
+             {"app/", 9}}};
+        for (const auto& [folder, floor] : kFloors)
+            if (file.starts_with(folder)) return floor;
+        return 0;
+    }
+
+    [[nodiscard]] bool isOurs(const std::string& name) const { return m_includes.contains(name); }
+
+    // Everything that `file` includes, by whatever way, and which file it is that names it.
+    void collectSeen(const std::string& file, std::map<std::string, std::string>& seen) const {
+        for (const std::string& name : m_includes.at(file))
+            if (seen.emplace(name, file).second && isOurs(name)) collectSeen(name, seen);
+    }
+
+    void expectNeitherQtNorDatabase(const std::string& file) const {
+        std::map<std::string, std::string> seen;
+        collectSeen(file, seen);
+        for (const auto& [name, by] : seen)
+            EXPECT_FALSE(name.starts_with('Q') || name.starts_with("qt") || name == "sqlite3.h")
+                << file << " sees " << name << " through " << by;
+    }
+
+    static constexpr int kFirstWithQt = 5;
+    const std::map<std::string, std::vector<std::string>> m_includes = readIncludes();
+};
+
+TEST_F(Layers, NoIncludePointsUp) {
+    ASSERT_GT(m_includes.size(), 50U) << "the sources are not where the build says";
+    for (const auto& [file, names] : m_includes) {
+        EXPECT_NE(floorOf(file), 0) << file << " stands on no floor";
+        for (const std::string& name : names) {
+            EXPECT_LE(floorOf(name), floorOf(file)) << file << " includes " << name;
+            EXPECT_FALSE(fs::exists((fs::path(KORVAN_SOURCE_FOLDER) / file).replace_filename(name)))
+                << file << " does not name " << name << " from src/, so no test here sees it";
+        }
+    }
+}
+
+TEST_F(Layers, ViewsKnowOnlyTheTextOfTheDesktop) {
+    for (const auto& [file, names] : m_includes) {
+        for (const std::string& name : names) {
+            const bool isDesktops = name.starts_with("platform/desktop/");
+            EXPECT_FALSE(file.starts_with("ui/") && isDesktops &&
+                         name != "platform/desktop/QtText.h")
+                << file << " includes " << name;
+            EXPECT_FALSE(file.starts_with("platform/") && name.starts_with("actions/"))
+                << file << " includes " << name;
+        }
+    }
+}
+
+TEST_F(Layers, WhatNeedsNoScreenSeesNeitherQtNorTheDatabase) {
+    for (const auto& [file, names] : m_includes)
+        if (floorOf(file) < kFirstWithQt) expectNeitherQtNorDatabase(file);
+    std::istringstream coreSources(KORVAN_CORE_SOURCES);
+    for (std::string file; std::getline(coreSources, file, ':');) {
+        ASSERT_TRUE(isOurs(file)) << file;
+        expectNeitherQtNorDatabase(file);
+    }
+}
+
+TEST_F(Layers, NoFileSeesItself) {
+    for (const auto& [file, names] : m_includes) {
+        std::map<std::string, std::string> seen;
+        collectSeen(file, seen);
+        EXPECT_FALSE(seen.contains(file)) << file << " through " << seen[file];
+    }
+}
+
+} // namespace
+} // namespace korvan
