@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#include "app/VersionText.h"
+
+#include <gtest/gtest.h>
+
+namespace korvan {
+
+TEST(VersionText, WritesWhatIsMissingOrNoTextAsAQuestionMark) {
+    BundleInformation bundle;
+    EXPECT_EQ(versionText(bundle), "Version ? (?)  •  ?");
+
+    bundle.infoDictionary = {{"CFBundleShortVersionString", "1.10"}, {"CFBundleVersion", "7"}};
+    EXPECT_EQ(versionText(bundle), "Version 1.10 (7)  •  ?");
+
+    bundle.infoDictionary["CFBundleVersion"] = std::int64_t{7};
+    bundle.bundleIdentifier = "example.Korvan";
+    EXPECT_EQ(versionText(bundle), "Version 1.10 (?)  •  example.Korvan");
+}
+
+} // namespace korvan

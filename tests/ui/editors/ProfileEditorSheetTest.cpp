@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: MIT
+#include "ui/editors/ProfileEditorSheet.h"
+
+#include "support/Examples.h"
+#include "support/RecordingDesktop.h"
+#include "support/Widgets.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <gtest/gtest.h>
+
+namespace korvan {
+
+namespace {
+
+class ProfileEditorSheetTest : public testing::Test {
+protected:
+    QDialog& open(const SSHProfile& draft) {
+        sheet = std::make_unique<ProfileEditorSheet>(
+            ProfileEditorView(
+                draft, {exampleCategory()}, [this] { ++cancels; },
+                [this](const SSHProfile& profile) { saved.push_back(profile); }),
+            filePanels, nullptr);
+        activate(*sheet);
+        return *sheet;
+    }
+
+    QLineEdit* field(std::string_view name) { return named<QLineEdit>(*sheet, name); }
+    static void press(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
+    static void type(const char* text) { QTest::keyClicks(QApplication::focusWidget(), text); }
+
+    PreparedFilePanels filePanels;
+    std::unique_ptr<ProfileEditorSheet> sheet;
+    std::vector<SSHProfile> saved;
+    int cancels = 0;
+};
+
+} // namespace
+
+TEST_F(ProfileEditorSheetTest, FollowsTheTypingWithItsTitleAndSavesOnReturnOnce) {
+    QDialog& dialog = open(SSHProfile());
+    EXPECT_EQ(dialog.width(), 740);
+    EXPECT_EQ(dialog.windowTitle(), "Neues SSH Profil");
+    type("web");
+    EXPECT_EQ(dialog.windowTitle(), "SSH Profil bearbeiten");
+    press(Qt::Key_Tab);
+    type("10.0.0.1");
+    press(Qt::Key_Tab);
+    type("root");
+    press(Qt::Key_Return);
+    QTest::keyClick(&dialog, Qt::Key_Return);
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+    ASSERT_EQ(saved.size(), 1U);
+    EXPECT_EQ(saved[0].name + "|" + saved[0].host + "|" + saved[0].user, "web|10.0.0.1|root");
+    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_EQ(cancels, 0);
+}
+
+TEST_F(ProfileEditorSheetTest, StaysOpenWithTheMessageOfAFailedSave) {
+    QDialog& dialog = open(exampleProfile());
+    const int height = dialog.height();
+    field("Port")->selectAll();
+    QTest::keyClicks(field("Port"), "22x");
+    press(Qt::Key_Return);
+    EXPECT_TRUE(saved.empty());
+    EXPECT_EQ(field("Port")->text(), "22x");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return dialog.height() > height; }));
+    const auto labels = dialog.findChildren<QLabel*>();
+    EXPECT_TRUE(std::ranges::any_of(labels, [](const QLabel* label) {
+        return label->isVisible() && label->text() == "Port muss zwischen 1 und 65535 liegen.";
+    }));
+    press(Qt::Key_Escape);
+    EXPECT_EQ(cancels, 1);
+    EXPECT_FALSE(dialog.isVisible());
+}
+
+TEST_F(ProfileEditorSheetTest, WalksInReadingOrder) {
+    open(exampleProfile());
+    QStringList walked;
+    for (int i = 0; i < 12; ++i) {
+        const QWidget* at = QApplication::focusWidget();
+        const auto* button = qobject_cast<const QAbstractButton*>(at);
+        walked << (at->accessibleName().isEmpty() && button ? button->text()
+                                                            : at->accessibleName());
+        press(Qt::Key_Tab);
+    }
+    EXPECT_EQ(walked.join(", "), "Name, IP / Host, Benutzername, Port, Kategorie, Passwort (nur "
+                                 "Notizfeld), Anzeigen, Auswählen…, Key entfernen, Extra SSH-Args "
+                                 "(optional), Abbrechen, Speichern");
+}
+
+TEST_F(ProfileEditorSheetTest, HandsBackUnchangedWhatNobodyEdited) {
+    SSHProfile draft = exampleProfile();
+    draft.name = " a\nb\r\u2028\u2029" + std::string("\0c ", 3);
+    draft.extraArgs = std::string(40'000, 'x') + "\t\u00a0";
+    draft.categoryId = exampleId(99); // that no category has
+    open(draft);
+    EXPECT_EQ(named<QComboBox>(*sheet, "Kategorie")->currentText(), "");
+    click(buttonOf(*sheet, "Speichern"));
+    EXPECT_EQ(saved, std::vector{draft});
+}
+
+TEST_F(ProfileEditorSheetTest, PicksACategoryOrNone) {
+    open(with(exampleProfile(), &SSHProfile::categoryId, exampleId(99)));
+    auto* picker = named<QComboBox>(*sheet, "Kategorie");
+    QTest::keyClick(picker, Qt::Key_End);
+    EXPECT_EQ(picker->currentText(), "Büro");
+    QTest::keyClick(picker, Qt::Key_Up);
+    EXPECT_EQ(picker->currentText(), "Ohne Kategorie");
+    click(buttonOf(*sheet, "Speichern"));
+    EXPECT_EQ(saved, std::vector{with(exampleProfile(), &SSHProfile::categoryId, std::nullopt)});
+}
+
+TEST_F(ProfileEditorSheetTest, ShowsAndHidesThePasswordInPlace) {
+    open(exampleProfile());
+    QLineEdit* password = field("Passwort (nur Notizfeld)");
+    password->setCursorPosition(2);
+    EXPECT_EQ(password->displayText().contains("geheim"), false);
+    QTest::keyClick(buttonOf(*sheet, "Anzeigen"), Qt::Key_Space);
+    EXPECT_EQ(password->displayText(), "geheim");
+    EXPECT_EQ(password->cursorPosition(), 2);
+    click(buttonOf(*sheet, "Verbergen"));
+    EXPECT_EQ(password->displayText().contains("geheim"), false);
+}
+
+TEST_F(ProfileEditorSheetTest, ChoosesAndRemovesTheKeyFile) {
+    open(with(exampleProfile(), &SSHProfile::identityFile, ""));
+    EXPECT_FALSE(buttonOf(*sheet, "Key entfernen")->isEnabled());
+    filePanels.answer = "/home/ü/<b>key</b>";
+    click(buttonOf(*sheet, "Auswählen…"));
+    EXPECT_EQ(field("Key-Datei")->text(), "/home/ü/<b>key</b>");
+    filePanels.answer = std::nullopt;
+    click(buttonOf(*sheet, "Auswählen…"));
+    EXPECT_EQ(field("Key-Datei")->text(), "/home/ü/<b>key</b>");
+    click(buttonOf(*sheet, "Key entfernen"));
+    EXPECT_EQ(field("Key-Datei")->text(), "");
+}
+
+} // namespace korvan
