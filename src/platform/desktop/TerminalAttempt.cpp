@@ -7,10 +7,12 @@
 #include <csignal>
 #include <fcntl.h>
 #include <spawn.h>
-#include <sys/pidfd.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <utility>
+
+// The C library's own header declares this without C linkage.
+extern "C" int pidfd_open(pid_t process, unsigned int flags) noexcept;
 
 namespace korvan {
 
