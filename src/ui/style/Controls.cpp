@@ -42,6 +42,8 @@ protected:
 Label::Label(const QString& text, TextStyle style, SemanticColor color, QWidget* parent)
     : QLabel(text, parent), m_style(style), m_color(color) {
     setTextFormat(Qt::PlainText);
+    // The role that recolor sets; inside of a list it would be another one otherwise.
+    setForegroundRole(QPalette::WindowText);
     restyle();
     recolor();
 }
