@@ -7,12 +7,10 @@
 #include <csignal>
 #include <fcntl.h>
 #include <spawn.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <utility>
-
-// The C library's own header declares this without C linkage.
-extern "C" int pidfd_open(pid_t process, unsigned int flags) noexcept;
 
 namespace korvan {
 
@@ -78,7 +76,8 @@ bool TerminalAttempt::start() {
 }
 
 void TerminalAttempt::watch() {
-    m_childDescriptor = ::pidfd_open(m_child, 0);
+    // glibc 2.36 declares pidfd_open in a way that C++ cannot link.
+    m_childDescriptor = static_cast<int>(::syscall(SYS_pidfd_open, m_child, 0));
     if (m_childDescriptor >= 0) {
         m_notifier = new QSocketNotifier(m_childDescriptor, QSocketNotifier::Read, this);
         connect(m_notifier, &QSocketNotifier::activated, this, &TerminalAttempt::look);
