@@ -156,20 +156,6 @@ TEST_F(SqliteStore, ReadsADatabaseThatItMayNotWrite) {
         fs::permissions(above, fs::perms(0755));
 }
 
-TEST_F(SqliteStore, LosesNoWriteOfTwoProcessesThatStartTogether) {
-    const auto writeAll = [&](const std::string& name) {
-        SqliteKeyValueStore store(m_path);
-        for (int i = 0; i < 100; ++i)
-            if (!store.setData(name + std::to_string(i), std::string(70'000, 'x'))) return false;
-        return true;
-    };
-    const pid_t first = startChild([&] { return writeAll("a"); });
-    const pid_t second = startChild([&] { return writeAll("b"); });
-    EXPECT_TRUE(wentWell(first)) << "a writer gave up";
-    EXPECT_TRUE(wentWell(second)) << "a writer gave up";
-    EXPECT_EQ(ask("SELECT count(*) FROM defaults WHERE length(value) = 70000"), "200");
-}
-
 TEST_F(SqliteStore, SharesItsFileWithAnotherWindowAndNoticesANewOne) {
     SqliteKeyValueStore window(m_path);
     ASSERT_TRUE(m_store.setData("key", "first"));
