@@ -74,8 +74,8 @@ void SnippetList::showVisibleRows(Content content) {
     if (!isUpToDate()) return;
     const int scrolled = verticalScrollBar()->value();
     const std::size_t first = rowAt(scrolled);
-    const std::size_t last = std::min(rowAt(scrolled + viewport()->height()) + 1,
-                                      m_snippets.size());
+    const std::size_t last =
+        std::min(rowAt(scrolled + viewport()->height()) + 1, m_snippets.size());
     std::erase_if(m_rows, [&](const auto& entry) {
         const bool isGone = entry.first < first || entry.first >= last;
         if (isGone) m_spareRows.push_back(entry.second);
@@ -138,8 +138,8 @@ void SnippetList::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_PageUp:
     case Qt::Key_PageDown: {
         if (!isUpToDate()) return;
-        const int way = event->key() == Qt::Key_PageUp ? -viewport()->height()
-                                                       : viewport()->height();
+        const int way =
+            event->key() == Qt::Key_PageUp ? -viewport()->height() : viewport()->height();
         return moveTo(static_cast<std::ptrdiff_t>(rowAt(std::max(m_tops[m_current] + way, 0))));
     }
     case Qt::Key_Return:

@@ -80,8 +80,8 @@ void Toast::place() {
     const int wanted = m_text->fontMetrics().horizontalAdvance(m_text->text()) + 1 + kSymbolSize +
                        kPartSpacing + 2 * kSidePadding;
     const QSize size(std::min(wanted, area.width()), sizeHint().height());
-    setGeometry(QStyle::alignedRect(layoutDirection(), Qt::AlignHCenter | Qt::AlignBottom, size,
-                                    area));
+    setGeometry(
+        QStyle::alignedRect(layoutDirection(), Qt::AlignHCenter | Qt::AlignBottom, size, area));
 }
 
 bool Toast::eventFilter(QObject* watched, QEvent* event) {
