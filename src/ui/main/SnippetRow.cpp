@@ -79,6 +79,9 @@ SnippetRow::SnippetRow(ContentView& view, QWidget* parent)
     connect(m_editButton, &QToolButton::clicked, this, [this] { m_view.editSnippet(m_snippet); });
     connect(m_deleteButton, &QToolButton::clicked, this,
             [this] { m_view.requestDeleteSnippet(m_snippet); });
+    connect(m_copyButton, &QPushButton::pressed, this, &SnippetRow::pressed);
+    connect(m_editButton, &QToolButton::pressed, this, &SnippetRow::pressed);
+    connect(m_deleteButton, &QToolButton::pressed, this, &SnippetRow::pressed);
     setCurrent(false);
 }
 
@@ -133,6 +136,8 @@ void SnippetRow::setMarked(bool isMarked) {
     m_isMarked = isMarked;
     update();
 }
+
+void SnippetRow::mousePressEvent(QMouseEvent*) { Q_EMIT pressed(); }
 
 void SnippetRow::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))

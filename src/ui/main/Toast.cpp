@@ -23,7 +23,7 @@ constexpr int kTopPadding = 10;
 constexpr int kMargin = 12; // keeps the note off the window's edges
 constexpr int kCornerRadius = 12;
 constexpr int kSymbolSize = 16;
-constexpr float kBackgroundOpacity = 0.88F;
+constexpr float kBackgroundOpacity = 0.94F;
 
 } // namespace
 
