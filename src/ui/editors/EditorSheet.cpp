@@ -17,6 +17,13 @@ constexpr int kStackSpacing = 14;
 constexpr int kRowSpacing = 10;
 constexpr int kLabelSpacing = 12;
 
+// As high as its row: a form layout would put a lower label a little above the middle.
+QLabel* makeRowLabel(const QString& text) {
+    auto* label = new QLabel(text);
+    label->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
+    return label;
+}
+
 } // namespace
 
 EditorSheet::EditorSheet(int width, int padding, QWidget* parent)
@@ -39,9 +46,13 @@ EditorSheet::EditorSheet(int width, int padding, QWidget* parent)
     m_stack->addLayout(m_form);
 }
 
-void EditorSheet::addRow(const QString& label, QWidget* field) { m_form->addRow(label, field); }
+void EditorSheet::addRow(const QString& label, QWidget* field) {
+    m_form->addRow(makeRowLabel(label), field);
+}
 
-void EditorSheet::addRow(const QString& label, QLayout* fields) { m_form->addRow(label, fields); }
+void EditorSheet::addRow(const QString& label, QLayout* fields) {
+    m_form->addRow(makeRowLabel(label), fields);
+}
 
 void EditorSheet::addWideRow(QLayout* content) { m_form->addRow(content); }
 
