@@ -4,6 +4,7 @@
 #include "platform/desktop/QtText.h"
 #include "platform/desktop/SqliteKeyValueStore.h"
 #include "ui/style/KorvanStyle.h"
+#include "ui/style/Symbols.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -29,7 +30,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationDisplayName(u"Korvan"_qs);
     QGuiApplication::setDesktopFileName(u"" KORVAN_IDENTIFIER ""_qs);
     QApplication::setStyle(new korvan::KorvanStyle);
-    QApplication::setWindowIcon(QIcon(u":/icons/lumera.Korvan.svg"_qs));
+    QApplication::setWindowIcon(korvan::applicationIcon());
     QTranslator translator;
     speakGerman(application, translator);
 

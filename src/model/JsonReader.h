@@ -31,6 +31,11 @@ struct Failure {
         place = std::string(outer) + (needsDot ? "." : "") + place;
     }
 
+    void isInElement(std::size_t index) {
+        std::string element(1, '[');
+        isInside(element.append(std::to_string(index)).append("]"));
+    }
+
     [[nodiscard]] std::string description() const {
         return place.empty() ? reason : place + ": " + reason;
     }
@@ -141,7 +146,7 @@ template <class Record>
     for (const simdjson::dom::element item : array) {
         // With an id in place, or each element would draw a random one only to lose it.
         if (readRecord(item, records.emplace_back(Uuid()), failure)) continue;
-        failure.isInside("[" + std::to_string(records.size() - 1) + "]");
+        failure.isInElement(records.size() - 1);
         return false;
     }
     return true;

@@ -45,6 +45,11 @@ public:
     void value(std::int64_t number);
     void value(const Uuid& uuid);
 
+    [[nodiscard]] std::size_t length() const { return m_text.size(); }
+
+    // Makes room for about so much more text, so that what is written need not be moved again.
+    void expect(std::size_t length) { m_text.reserve(m_text.size() + length + length / 16); }
+
     // The text written so far; the writer is empty afterwards.
     [[nodiscard]] std::string take() { return std::exchange(m_text, {}); }
 
@@ -85,10 +90,14 @@ void writeValue(JsonWriter& writer, const Value& value, JsonForm) {
 
 template <class Record>
 void writeValue(JsonWriter& writer, const std::vector<Record>& records, JsonForm form) {
+    constexpr std::size_t sampleSize = 64; // enough to tell how long the others will be
+    const std::size_t start = writer.length();
     writer.beginArray();
-    for (const Record& record : records) {
+    for (std::size_t i = 0; i < records.size(); ++i) {
+        if (i == sampleSize)
+            writer.expect((writer.length() - start) / sampleSize * (records.size() - i));
         writer.element();
-        writeRecord(writer, record, form);
+        writeRecord(writer, records[i], form);
     }
     writer.endArray();
 }

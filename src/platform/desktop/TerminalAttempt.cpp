@@ -7,7 +7,7 @@
 #include <csignal>
 #include <fcntl.h>
 #include <spawn.h>
-#include <sys/pidfd.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <utility>
@@ -76,7 +76,8 @@ bool TerminalAttempt::start() {
 }
 
 void TerminalAttempt::watch() {
-    m_childDescriptor = ::pidfd_open(m_child, 0);
+    // glibc 2.36 declares pidfd_open in a way that C++ cannot link.
+    m_childDescriptor = static_cast<int>(::syscall(SYS_pidfd_open, m_child, 0));
     if (m_childDescriptor >= 0) {
         m_notifier = new QSocketNotifier(m_childDescriptor, QSocketNotifier::Read, this);
         connect(m_notifier, &QSocketNotifier::activated, this, &TerminalAttempt::look);

@@ -5,6 +5,7 @@
 #include "ui/main/CommandDatabasePanel.h"
 #include "ui/main/ContentSplitter.h"
 #include "ui/main/HeaderBar.h"
+#include "ui/main/Presentations.h"
 #include "ui/main/ProfileTable.h"
 #include "ui/main/Toast.h"
 
@@ -14,6 +15,7 @@
 #include <QScreen>
 #include <QSplitter>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace korvan {
 
@@ -26,7 +28,10 @@ constexpr int kTableWidth = 760;
 
 } // namespace
 
-ContentWindow::ContentWindow(ContentView& view) : m_view(view) {
+ContentWindow::ContentWindow(ContentView& view, FilePanels& filePanels,
+                             std::function<QDialog*(QWidget* parent)> makeAbout)
+    : m_view(view), m_presentations(std::make_unique<Presentations>(view, filePanels,
+                                                                    std::move(makeAbout), this)) {
     setWindowTitle(u"Korvan"_qs);
     makeMenu();
     makeContent();
@@ -89,6 +94,7 @@ void ContentWindow::refresh() {
     m_splitter->setPanel(m_view.showSnippets ? ContentSplitter::Panel::shown
                                              : ContentSplitter::Panel::hidden);
     m_toast->refresh();
+    m_presentations->refresh();
 }
 
 void ContentWindow::closeEvent(QCloseEvent* event) {

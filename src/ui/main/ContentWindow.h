@@ -4,6 +4,10 @@
 #include "ui/main/ContentView.h"
 
 #include <QMainWindow>
+#include <functional>
+#include <memory>
+
+class QDialog;
 
 namespace korvan {
 
@@ -11,17 +15,20 @@ class CategorySidebar;
 class CommandDatabasePanel;
 class ContentSplitter;
 class HeaderBar;
+class Presentations;
 class ProfileTable;
 class Toast;
 
-// A main window: draws a ContentView, which must outlive it, and turns what the user does into that
-// state's actions. However much changes at once, it is drawn anew once, on the next turn of the
-// event loop.
+// A main window: draws a ContentView and turns what the user does into that state's actions. The
+// state and the file panels must outlive it. However much changes at once, it is drawn anew once,
+// on the next turn of the event loop.
 class ContentWindow final : public QMainWindow {
     Q_OBJECT
 
 public:
-    explicit ContentWindow(ContentView& view);
+    // `makeAbout` makes the sheet that shows what the program is.
+    ContentWindow(ContentView& view, FilePanels& filePanels,
+                  std::function<QDialog*(QWidget* parent)> makeAbout);
     ~ContentWindow() override;
 
 Q_SIGNALS:
@@ -44,6 +51,7 @@ private:
     CommandDatabasePanel* m_panel = nullptr;
     ContentSplitter* m_splitter = nullptr;
     Toast* m_toast = nullptr;
+    std::unique_ptr<Presentations> m_presentations;
     bool m_isStale = false;
     Subscription m_subscription; // the last: nothing is called once the rest has gone
 };

@@ -106,9 +106,7 @@ double contrast(const QColor& first, const QColor& second) {
 }
 
 QColor readable(const QColor& color, const QPalette& palette) {
-    if (leastContrast(color, palette) >= kReadableContrast) {
-        return color;
-    }
+    if (leastContrast(color, palette) >= kReadableContrast) return color;
     return furthestReadable(readableText(palette), color, palette);
 }
 

@@ -42,6 +42,8 @@ protected:
 Label::Label(const QString& text, TextStyle style, SemanticColor color, QWidget* parent)
     : QLabel(text, parent), m_style(style), m_color(color) {
     setTextFormat(Qt::PlainText);
+    // The role that recolor sets; inside of a list it would be another one otherwise.
+    setForegroundRole(QPalette::WindowText);
     restyle();
     recolor();
 }
@@ -59,8 +61,7 @@ void Label::setDesign(FontDesign design) {
 void Label::changeEvent(QEvent* event) {
     switch (event->type()) {
     case QEvent::ApplicationFontChange: restyle(); break;
-    case QEvent::PaletteChange:
-    case QEvent::ParentChange: recolor(); break;
+    case QEvent::PaletteChange: recolor(); break;
     default: break;
     }
     QLabel::changeEvent(event);
@@ -68,18 +69,16 @@ void Label::changeEvent(QEvent* event) {
 
 void Label::restyle() {
     auto font = fontFor(m_style, m_design);
-    if (m_isBold) {
-        font.setBold(true);
-    }
+    if (m_isBold) font.setBold(true);
     setFont(font);
 }
 
-// Setting a palette reports a change of it, which comes back here: only a difference is set.
+// From the application's palette, since the parent's may be the older one yet: a change reaches the
+// widgets in no order. Setting a palette reports a change of it, which comes back here: only a
+// difference is set.
 void Label::recolor() {
-    if (m_color == SemanticColor::primary) {
-        return;
-    }
-    auto surroundings = parentWidget() ? parentWidget()->palette() : QApplication::palette();
+    if (m_color == SemanticColor::primary) return;
+    auto surroundings = QApplication::palette();
     QPalette own;
     for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
         surroundings.setCurrentColorGroup(group);
@@ -96,11 +95,10 @@ void Label::recolor() {
 
 ElidedLabel::ElidedLabel(TextStyle style, SemanticColor color, int lines, QWidget* parent)
     : Label({}, style, color, parent), m_lines(lines) {
-    // A fixed height would be that of the hint, which knows no width.
-    QSizePolicy policy(QSizePolicy::Preferred,
-                       lines > 1 ? QSizePolicy::Preferred : QSizePolicy::Fixed);
-    policy.setHeightForWidth(lines > 1);
-    setSizePolicy(policy);
+    // A fixed height would be that of the hint, which knows no width. The base class asks for a
+    // height by width where it wraps, and only there.
+    setSizePolicy(QSizePolicy::Preferred, lines > 1 ? QSizePolicy::Preferred : QSizePolicy::Fixed);
+    setWordWrap(lines > 1);
 }
 
 QSize ElidedLabel::sizeHint() const {
@@ -156,9 +154,7 @@ QStringList elidedLines(const QString& text, const QFont& font, int width, int l
     layout.beginLayout();
     for (auto line = layout.createLine(); line.isValid(); line = layout.createLine()) {
         line.setLineWidth(width);
-        if (shown.size() + 1 == lines) {
-            break;
-        }
+        if (shown.size() + 1 == lines) break;
         begin = line.textStart() + line.textLength();
         shown.append(whole.mid(line.textStart(), line.textLength()).remove(QChar::LineSeparator));
     }
@@ -166,9 +162,7 @@ QStringList elidedLines(const QString& text, const QFont& font, int width, int l
     if (shown.size() < lines && (begin < whole.size() || shown.isEmpty())) {
         auto rest = whole.mid(begin);
         const auto end = rest.indexOf(QChar::LineSeparator);
-        if (end >= 0) {
-            rest = rest.left(end) + u'…';
-        }
+        if (end >= 0) rest = rest.left(end) + u'…';
         shown.append(QFontMetrics(font).elidedText(rest, Qt::ElideRight, width));
     }
     return shown;

@@ -12,7 +12,8 @@
 
 namespace korvan {
 
-// A text in one of our styles and colours; follows the palette and the desktop's font.
+// A text in one of our styles and colours; follows the application's palette and
+// font.
 class Label : public QLabel {
     Q_OBJECT
 

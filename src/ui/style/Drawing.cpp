@@ -61,12 +61,8 @@ bool has(const QStyleOption& option, QStyle::StateFlag flag) { return option.sta
 
 // How much of the text's colour a control takes on under the pointer and while it is pressed.
 double emphasis(const QStyleOption& option) {
-    if (!has(option, QStyle::State_Enabled)) {
-        return 0;
-    }
-    if (has(option, QStyle::State_Sunken) || has(option, QStyle::State_On)) {
-        return 0.14;
-    }
+    if (!has(option, QStyle::State_Enabled)) return 0;
+    if (has(option, QStyle::State_Sunken) || has(option, QStyle::State_On)) return 0.14;
     return has(option, QStyle::State_MouseOver) ? 0.06 : 0;
 }
 
@@ -88,31 +84,16 @@ QColor fillOf(const QStyleOptionButton& button, const QWidget* widget) {
 
 QColor textOn(const QColor& fill, const QPalette& palette) {
     const auto text = palette.color(QPalette::HighlightedText);
-    if (contrast(text, fill) >= 3) {
-        return text;
-    }
+    if (contrast(text, fill) >= 3) return text;
     return contrast(Qt::white, fill) > contrast(Qt::black, fill) ? Qt::white : Qt::black;
 }
 
 QColor labelColor(const QStyleOptionButton& button, const QWidget* widget) {
-    if (isFilled(button)) {
-        return textOn(fillOf(button, widget), button.palette);
-    }
+    if (isFilled(button)) return textOn(fillOf(button, widget), button.palette);
     const auto color = widget ? buttonColor(*widget) : SemanticColor::primary;
-    if (color == SemanticColor::primary) {
-        return button.palette.color(QPalette::ButtonText);
-    }
+    if (color == SemanticColor::primary) return button.palette.color(QPalette::ButtonText);
     const auto own = colorFor(color, button.palette);
     return has(button, QStyle::State_Enabled) ? readable(own, button.palette) : own;
-}
-
-void drawCheckMark(QPainter& painter, const QRectF& rect, const QColor& color) {
-    const Painting painting(painter);
-    painter.setPen(QPen(color, 1.75, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    const auto at = [&rect](double x, double y) {
-        return QPointF(rect.left() + x * rect.width(), rect.top() + y * rect.height());
-    };
-    painter.drawPolyline(QPolygonF{at(0.25, 0.53), at(0.43, 0.7), at(0.75, 0.31)});
 }
 
 } // namespace
@@ -149,9 +130,7 @@ void drawPushButtonPanel(QPainter& painter, const QStyleOptionButton& button,
                 : mixed(palette.color(QPalette::Button), palette.color(QPalette::Window), 0.6);
         drawRounded(painter, button.rect, mixed(ground, text, emphasis(button)), border(palette));
     }
-    if (showsKeyboardFocus(button)) {
-        drawFocusRing(painter, button.rect, palette);
-    }
+    if (showsKeyboardFocus(button)) drawFocusRing(painter, button.rect, palette);
 }
 
 void drawPushButtonLabel(QPainter& painter, const QStyleOptionButton& button,
@@ -190,38 +169,13 @@ void drawToolButtonPanel(QPainter& painter, const QStyleOption& option) {
 
 void drawComboBox(QPainter& painter, const QStyleOptionComboBox& box, const QRect& arrow) {
     const auto& palette = box.palette;
-    if (box.editable) {
-        drawField(painter, box);
-    } else {
-        const auto ground = palette.color(QPalette::Button);
-        const auto text = palette.color(QPalette::ButtonText);
-        drawRounded(painter, box.rect, mixed(ground, text, emphasis(box)), border(palette));
-        if (showsKeyboardFocus(box)) {
-            drawFocusRing(painter, box.rect, palette);
-        }
-    }
+    const auto ground =
+        mixed(palette.color(QPalette::Button), palette.color(QPalette::ButtonText), emphasis(box));
+    drawRounded(painter, box.rect, ground, border(palette));
+    if (showsKeyboardFocus(box)) drawFocusRing(painter, box.rect, palette);
     QStyleOption chevron = box;
     chevron.rect = arrow;
     drawArrow(painter, chevron, Qt::DownArrow);
-}
-
-void drawCheckBox(QPainter& painter, const QStyleOption& option) {
-    const auto& palette = option.palette;
-    const QRectF rect = option.rect;
-    const bool isEnabled = has(option, QStyle::State_Enabled);
-    if (has(option, QStyle::State_Off)) {
-        drawRounded(painter, rect, palette.color(isEnabled ? QPalette::Base : QPalette::Window),
-                    border(palette), kSmallRadius);
-        return;
-    }
-    const auto fill = isEnabled ? colorFor(SemanticColor::accent, palette) : border(palette);
-    drawRounded(painter, rect, fill, {}, kSmallRadius);
-    if (has(option, QStyle::State_On)) {
-        drawCheckMark(painter, rect, textOn(fill, palette));
-    } else {
-        painter.fillRect(QRectF(rect.center().x() - 4, rect.center().y() - 1, 8, 2),
-                         textOn(fill, palette));
-    }
 }
 
 void drawField(QPainter& painter, const QStyleOption& option) {
@@ -231,9 +185,7 @@ void drawField(QPainter& painter, const QStyleOption& option) {
     drawRounded(painter, option.rect,
                 isEnabled ? base : mixed(base, palette.color(QPalette::Window), 0.8),
                 border(palette));
-    if (has(option, QStyle::State_HasFocus)) {
-        drawFocusRing(painter, option.rect, palette);
-    }
+    if (has(option, QStyle::State_HasFocus)) drawFocusRing(painter, option.rect, palette);
 }
 
 void drawHairlineFrame(QPainter& painter, const QStyleOption& option) {
@@ -243,16 +195,15 @@ void drawHairlineFrame(QPainter& painter, const QStyleOption& option) {
     painter.drawRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5));
 }
 
-void drawHeaderSection(QPainter& painter, const QStyleOptionHeader& header) {
+void drawHeaderSection(QPainter& painter, const QStyleOption& header) {
     const auto& palette = header.palette;
     const QRect& rect = header.rect;
     const auto ground = mixed(palette.color(QPalette::Base), palette.color(QPalette::Window), 0.5);
     const double pressed = has(header, QStyle::State_Sunken) ? 0.06 : 0;
     painter.fillRect(rect, mixed(ground, palette.color(QPalette::WindowText), pressed));
     painter.fillRect(QRect(rect.left(), rect.bottom(), rect.width(), 1), hairline(palette));
-    if (header.orientation != Qt::Horizontal) {
-        return;
-    }
+    const auto* section = qstyleoption_cast<const QStyleOptionHeader*>(&header);
+    if (!section || section->orientation != Qt::Horizontal) return;
     const bool isLeftToRight = header.direction == Qt::LeftToRight;
     painter.fillRect(
         QRect(isLeftToRight ? rect.right() : rect.left(), rect.top() + 6, 1, rect.height() - 12),
@@ -276,9 +227,7 @@ void drawItemPanel(QPainter& painter, const QStyleOptionViewItem& item, bool isR
     if (item.backgroundBrush.style() != Qt::NoBrush) {
         painter.fillRect(item.rect, item.backgroundBrush);
     }
-    if (!has(item, QStyle::State_Selected)) {
-        return;
-    }
+    if (!has(item, QStyle::State_Selected)) return;
     auto palette = item.palette;
     if (has(item, QStyle::State_Enabled)) {
         palette.setCurrentColorGroup(has(item, QStyle::State_Active) ? QPalette::Active
@@ -304,9 +253,7 @@ void drawItemFocus(QPainter& painter, const QStyleOption& option) {
 QColor scrollGround(const QPalette& palette, const QWidget* widget) {
     for (; widget; widget = widget->parentWidget()) {
         const auto* area = qobject_cast<const QAbstractScrollArea*>(widget);
-        if (!area) {
-            continue;
-        }
+        if (!area) continue;
         const auto* viewport = area->viewport();
         return viewport->palette().color(viewport->backgroundRole());
     }
@@ -317,9 +264,7 @@ void drawScrollBar(QPainter& painter, const QStyleOptionSlider& bar, const QRect
                    const QWidget* widget) {
     const auto ground = scrollGround(bar.palette, widget);
     painter.fillRect(bar.rect, ground);
-    if (!has(bar, QStyle::State_Enabled) || bar.maximum == bar.minimum) {
-        return;
-    }
+    if (!has(bar, QStyle::State_Enabled) || bar.maximum == bar.minimum) return;
     const bool isOnSlider = bar.activeSubControls.testFlag(QStyle::SC_ScrollBarSlider);
     const double strength = isOnSlider && has(bar, QStyle::State_Sunken)      ? 0.55
                             : isOnSlider && has(bar, QStyle::State_MouseOver) ? 0.42
@@ -334,13 +279,8 @@ void drawMenuSelection(QPainter& painter, const QRect& rect, const QPalette& pal
                 kSmallRadius);
 }
 
-void drawMenuPanel(QPainter& painter, const QStyleOption& option) {
-    painter.fillRect(option.rect, option.palette.color(QPalette::Base));
-    drawHairlineFrame(painter, option);
-}
-
-void drawToolTipPanel(QPainter& painter, const QStyleOption& option) {
-    painter.fillRect(option.rect, option.palette.color(QPalette::ToolTipBase));
+void drawPopupPanel(QPainter& painter, const QStyleOption& option, QPalette::ColorRole ground) {
+    painter.fillRect(option.rect, option.palette.color(ground));
     drawHairlineFrame(painter, option);
 }
 

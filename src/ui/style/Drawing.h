@@ -19,14 +19,13 @@ void drawPushButtonLabel(QPainter& painter, const QStyleOptionButton& button,
                          const QWidget* widget);
 void drawToolButtonPanel(QPainter& painter, const QStyleOption& option);
 void drawComboBox(QPainter& painter, const QStyleOptionComboBox& box, const QRect& arrow);
-void drawCheckBox(QPainter& painter, const QStyleOption& option);
 
 // What is typed into: the ground of a line edit and the frame of a text edit or a list.
 void drawField(QPainter& painter, const QStyleOption& option);
 // The plain frame of a table and of a pop-up list.
 void drawHairlineFrame(QPainter& painter, const QStyleOption& option);
 
-void drawHeaderSection(QPainter& painter, const QStyleOptionHeader& header);
+void drawHeaderSection(QPainter& painter, const QStyleOption& header);
 void drawHeaderLabel(QPainter& painter, const QStyleOptionHeader& header);
 // What stands behind a row's text. In a round frame the selection is round, too.
 void drawItemPanel(QPainter& painter, const QStyleOptionViewItem& item, bool isRound);
@@ -41,8 +40,8 @@ void drawScrollBar(QPainter& painter, const QStyleOptionSlider& bar, const QRect
 
 // The mark of the item in a menu or a menu bar that the pointer is on.
 void drawMenuSelection(QPainter& painter, const QRect& rect, const QPalette& palette);
-void drawMenuPanel(QPainter& painter, const QStyleOption& option);
-void drawToolTipPanel(QPainter& painter, const QStyleOption& option);
+// The ground and the frame of a menu or a tooltip.
+void drawPopupPanel(QPainter& painter, const QStyleOption& option, QPalette::ColorRole ground);
 
 // A chevron in the middle of the option's rectangle.
 void drawArrow(QPainter& painter, const QStyleOption& option, Qt::ArrowType direction);

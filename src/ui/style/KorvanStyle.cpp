@@ -54,7 +54,12 @@ void drawFocus(QPainter& painter, const QStyleOption& option, const QWidget* wid
         return; // a part of their panels
     }
     if (qobject_cast<const QAbstractItemView*>(widget)) {
-        return drawItemFocus(painter, option);
+        // A framed list shows its focus by the frame, as long as its current row is a selected one.
+        // The option claims the keyboard for every row; the window knows.
+        const bool isShown = isField(widget) && option.state.testFlag(QStyle::State_Selected);
+        const bool isByKeyboard = widget->window()->testAttribute(Qt::WA_KeyboardFocusChange);
+        if (isByKeyboard && !isShown) drawItemFocus(painter, option);
+        return;
     }
     const bool isTool = qobject_cast<const QToolButton*>(widget);
     drawFocusRing(painter, isTool ? widget->rect() : option.rect, option.palette);
@@ -229,10 +234,7 @@ QSize KorvanStyle::sizeFromContents(ContentsType type, const QStyleOption* optio
     }
     case CT_LineEdit: return {contents.width() + 2 * kFieldPadding, height};
     case CT_ComboBox: return {contents.width() + kPadding + kComboArrow, height};
-    case CT_ItemViewItem: {
-        auto size = QProxyStyle::sizeFromContents(type, option, contents, widget);
-        return {size.width(), std::max(size.height(), kRowHeight)};
-    }
+    case CT_ItemViewItem:
     case CT_HeaderSection: {
         const auto size = QProxyStyle::sizeFromContents(type, option, contents, widget);
         return {size.width(), std::max(size.height(), kRowHeight)};
@@ -294,9 +296,7 @@ void KorvanStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
     case PE_FrameFocusRect: return drawFocus(*painter, *option, widget);
     case PE_PanelLineEdit: {
         const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
-        if (frame && frame->lineWidth > 0) {
-            drawField(*painter, *option);
-        }
+        if (frame && frame->lineWidth > 0) drawField(*painter, *option);
         return;
     }
     case PE_FrameLineEdit: return drawField(*painter, *option);
@@ -308,11 +308,9 @@ void KorvanStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
             return drawItemPanel(*painter, *item, isField(widget));
         }
         break;
-    case PE_IndicatorCheckBox:
-    case PE_IndicatorItemViewItemCheck: return drawCheckBox(*painter, *option);
     case PE_FrameMenu: return;
-    case PE_PanelMenu: return drawMenuPanel(*painter, *option);
-    case PE_PanelTipLabel: return drawToolTipPanel(*painter, *option);
+    case PE_PanelMenu: return drawPopupPanel(*painter, *option, QPalette::Base);
+    case PE_PanelTipLabel: return drawPopupPanel(*painter, *option, QPalette::ToolTipBase);
     case PE_PanelScrollAreaCorner:
         return painter->fillRect(option->rect, scrollGround(option->palette, widget));
     case PE_IndicatorArrowDown: return drawArrow(*painter, *option, Qt::DownArrow);
@@ -333,11 +331,7 @@ void KorvanStyle::drawControl(ControlElement element, const QStyleOption* option
         }
         break;
     case CE_HeaderSection:
-    case CE_HeaderEmptyArea:
-        if (const auto* header = qstyleoption_cast<const QStyleOptionHeader*>(option)) {
-            return drawHeaderSection(*painter, *header);
-        }
-        break;
+    case CE_HeaderEmptyArea: return drawHeaderSection(*painter, *option);
     case CE_HeaderLabel:
         if (const auto* header = qstyleoption_cast<const QStyleOptionHeader*>(option)) {
             return drawHeaderLabel(*painter, *header);

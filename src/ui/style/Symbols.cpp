@@ -55,9 +55,7 @@ private:
                              .arg(size.width())
                              .arg(size.height());
         QPixmap pixmap;
-        if (QPixmapCache::find(key, &pixmap)) {
-            return pixmap;
-        }
+        if (QPixmapCache::find(key, &pixmap)) return pixmap;
         pixmap = QPixmap(size);
         pixmap.fill(Qt::transparent);
         QPainter painter(&pixmap);

@@ -39,9 +39,7 @@ QFont fontFor(TextStyle style, FontDesign design) {
     auto font = QApplication::font();
     font.setPointSizeF(pointSizeOf(style, QFontInfo(font).pointSizeF()));
     font.setBold(style == TextStyle::title2 || style == TextStyle::headline);
-    if (design == FontDesign::standard) {
-        return font;
-    }
+    if (design == FontDesign::standard) return font;
 
     const double height = QFontMetricsF(font).xHeight();
     font.setFamilies(QFontDatabase::systemFont(QFontDatabase::FixedFont).families());

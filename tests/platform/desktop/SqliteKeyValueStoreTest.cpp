@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/desktop/SqliteKeyValueStore.h"
 
-#include "platform/Files.h"
 #include "store/RecordStore.h"
+#include "support/TemporaryFolder.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <sqlite3.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -21,16 +18,12 @@ using namespace std::chrono_literals;
 
 constexpr std::string_view kProfiles = "ssh_profiles_v3";
 
-// A database in a folder of its own, and a second way into it.
+// A database in a folder of its own, and another program's way into it.
 class SqliteStore : public testing::Test {
 protected:
-    SqliteStore() { ::umask(022); }
-    ~SqliteStore() override {
-        sqlite3_close(m_other);
-        fs::remove_all(m_folder);
-    }
+    ~SqliteStore() override { sqlite3_close(m_other); }
 
-    // The first column of the first row that another program gets as the answer.
+    // The first column of the last row that the other program gets as the answer.
     std::string ask(const std::string& sql) {
         if (!m_other) sqlite3_open(m_path.c_str(), &m_other);
         std::string answer = "nothing";
@@ -38,17 +31,16 @@ protected:
             *static_cast<std::string*>(to) = columns[0] ? columns[0] : "NULL";
             return 0;
         };
-        char* error = nullptr;
-        if (sqlite3_exec(m_other, sql.c_str(), take, &answer, &error) != SQLITE_OK) answer = error;
-        sqlite3_free(error);
-        return answer;
+        const int code = sqlite3_exec(m_other, sql.c_str(), take, &answer, nullptr);
+        return code == SQLITE_OK ? answer : sqlite3_errmsg(m_other);
     }
 
-    // What a new profile store prints when it starts on the database.
-    std::string printedAtStart(KeyValueStore& keyValueStore) {
+    // What a profile store prints that starts on the database and gets one profile more.
+    static std::string printed(KeyValueStore& keyValueStore) {
         testing::internal::CaptureStdout();
-        const SSHStore store(keyValueStore);
-        EXPECT_EQ(store.profiles().size(), 1U);
+        SSHStore profiles(keyValueStore);
+        profiles.add({});
+        EXPECT_EQ(profiles.profiles().size(), 2U) << "the list works in memory";
         return testing::internal::GetCapturedStdout();
     }
 
@@ -56,113 +48,15 @@ protected:
     [[nodiscard]] std::map<std::string, std::string> files() const {
         std::map<std::string, std::string> found;
         for (const auto& entry : fs::directory_iterator(m_path.parent_path()))
-            found[entry.path().filename()] = readFile(entry.path()).value_or("a folder");
+            found[entry.path().filename()] = entry.is_directory() ? "" : textOf(entry.path());
         return found;
     }
 
-    static mode_t modeOf(const fs::path& path) {
-        struct stat status{};
-        ::stat(path.c_str(), &status);
-        return status.st_mode & 0777;
-    }
-
-    std::string m_template = (fs::temp_directory_path() / "korvan-sqlite-XXXXXX").string();
-    fs::path m_folder = ::mkdtemp(m_template.data());
-    fs::path m_path = m_folder / "data 100%?" / "korvan" / "defaults.sqlite3";
+    TemporaryFolder m_folder;
+    fs::path m_path = m_folder.path() / "data 100%?" / "korvan" / "defaults.sqlite3";
     SqliteKeyValueStore m_store{m_path, 200ms};
     sqlite3* m_other = nullptr;
 };
-
-TEST_F(SqliteStore, KeepsThreePrivateListsFromTheFirstStartOn) {
-    EXPECT_EQ(m_store.dataForKey(kProfiles), std::nullopt);
-    EXPECT_FALSE(fs::exists(m_path.parent_path())) << "reading makes nothing";
-    const SSHStore profiles(m_store);
-    const CategoryStore categories(m_store);
-    const SnippetStore snippets(m_store);
-
-    for (const char* ending : {"", "-wal", "-shm"})
-        EXPECT_EQ(modeOf(m_path.string() + ending), 0600U) << ending;
-    EXPECT_EQ(modeOf(m_path.parent_path()), 0700U);
-    EXPECT_EQ(ask("SELECT group_concat(key || ' ' || typeof(value), ', ') FROM "
-                  "(SELECT * FROM defaults ORDER BY key)"),
-              "ssh_categories_v1 blob, ssh_profiles_v3 blob, ssh_snippets_v1 blob");
-    EXPECT_EQ(ask("PRAGMA page_size") + ask("PRAGMA journal_mode"), "65536wal");
-
-    SqliteKeyValueStore next(m_path);
-    EXPECT_EQ(SSHStore(next).profiles(), profiles.profiles());
-    EXPECT_EQ(SnippetStore(next).snippets(), snippets.snippets());
-}
-
-TEST_F(SqliteStore, TakesAValueOfAnotherTypeForNothing) {
-    ASSERT_TRUE(m_store.setData(kProfiles, "[]"));
-    ask("UPDATE defaults SET value = '[]'");
-    EXPECT_EQ(printedAtStart(m_store), "");
-    EXPECT_EQ(ask("SELECT typeof(value) FROM defaults"), "blob");
-    EXPECT_EQ(ask("SELECT * FROM damaged"), "no such table: damaged");
-}
-
-TEST_F(SqliteStore, PutsDamagedDataAsideBeforeItIsReplaced) {
-    ASSERT_TRUE(m_store.setData(kProfiles, std::string_view("[{\0", 3)));
-    EXPECT_TRUE(printedAtStart(m_store).starts_with("Profile load error: "));
-    EXPECT_EQ(ask("SELECT key || typeof(value) || hex(value) FROM damaged"),
-              "ssh_profiles_v3blob5B7B00");
-    EXPECT_EQ(ask("SELECT at LIKE '____-__-__T__:__:__Z' AND julianday('now') - julianday(at) "
-                  "BETWEEN -1e-4 AND 1e-2 FROM damaged"),
-              "1");
-    EXPECT_EQ(printedAtStart(m_store), "") << "the seed took its place";
-}
-
-TEST_F(SqliteStore, LeavesADatabaseThatItCannotUseAsItWas) {
-    ASSERT_TRUE(SqliteKeyValueStore(m_path).setData(kProfiles, "[]"));
-    const fs::path aside = m_folder / "aside";
-    const auto replaceBy = [&](const std::string& bytes) {
-        fs::rename(m_path, aside);
-        std::ofstream(m_path) << bytes;
-    };
-    const auto bringBack = [&] {
-        fs::remove_all(m_path);
-        fs::rename(aside, m_path);
-    };
-    const auto lock = [&](const std::string& mode) {
-        ask("PRAGMA journal_mode = DELETE");
-        ask(mode);
-    };
-    const struct {
-        std::function<void()> raise, remove;
-        int code;
-    } obstacles[] = {
-        {[&] { replaceBy("Dear diary, " + std::string(5000, 'x')); }, bringBack, SQLITE_NOTADB},
-        {[&] { replaceBy("x\n"); }, bringBack, SQLITE_NOTADB},
-        {[&] { fs::rename(m_path, aside), fs::create_directory(m_path); }, bringBack,
-         SQLITE_CANTOPEN_ISDIR},
-        {[&] { lock("BEGIN EXCLUSIVE"); }, [&] { ask("COMMIT"); }, SQLITE_BUSY},
-    };
-    for (const auto& obstacle : obstacles) {
-        SCOPED_TRACE(obstacle.code);
-        {
-            SqliteKeyValueStore(m_path).dataForKey(kProfiles).value();
-        }
-        SqliteKeyValueStore store(m_path, 50ms);
-        sqlite3_close(std::exchange(m_other, nullptr));
-        obstacle.raise();
-        const auto before = files();
-        testing::internal::CaptureStdout();
-        SSHStore profiles(store);
-        profiles.add({});
-        const std::string printed = testing::internal::GetCapturedStdout();
-        EXPECT_TRUE(printed.starts_with("Profile load error: Die gespeicherten Daten konnten "));
-        EXPECT_EQ(std::ranges::count(printed, '\n'), 3) << printed;
-        EXPECT_EQ(profiles.profiles().size(), 2U) << "the list works in memory";
-        EXPECT_EQ(store.dataForKey(kProfiles).error().code, obstacle.code);
-        EXPECT_EQ(store.setData("another key", "").error().code, obstacle.code);
-        EXPECT_TRUE(files() == before);
-
-        obstacle.remove();
-        EXPECT_FALSE(store.setData(kProfiles, "not read yet"));
-        EXPECT_EQ(store.dataForKey(kProfiles), "[]");
-        EXPECT_TRUE(store.setData(kProfiles, "[]"));
-    }
-}
 
 pid_t startChild(const std::function<bool()>& work) {
     const pid_t child = ::fork();
@@ -175,28 +69,97 @@ bool wentWell(pid_t child) {
     return ::waitpid(child, &status, 0) == child && status == 0;
 }
 
+TEST_F(SqliteStore, KeepsThreePrivateListsFromTheFirstStartOn) {
+    EXPECT_EQ(m_store.dataForKey(kProfiles), std::nullopt);
+    EXPECT_FALSE(fs::exists(m_path.parent_path())) << "reading makes nothing";
+    const SSHStore profiles(m_store);
+    const CategoryStore categories(m_store);
+    const SnippetStore snippets(m_store);
+    for (const char* ending : {"", "-wal", "-shm"})
+        EXPECT_EQ(modeOf(m_path.string() + ending), 0600U) << ending;
+    EXPECT_EQ(modeOf(m_path.parent_path()), 0700U);
+    EXPECT_EQ(ask("SELECT group_concat(key || typeof(value)) FROM "
+                  "(SELECT * FROM defaults ORDER BY key)"),
+              "ssh_categories_v1blob,ssh_profiles_v3blob,ssh_snippets_v1blob");
+    EXPECT_EQ(ask("PRAGMA page_size") + ask("PRAGMA journal_mode"), "65536wal");
+    SqliteKeyValueStore next(m_path);
+    EXPECT_EQ(SSHStore(next).profiles(), profiles.profiles());
+    EXPECT_EQ(SnippetStore(next).snippets(), snippets.snippets());
+}
+
+TEST_F(SqliteStore, TakesAnotherTypeForNothingAndPutsDamagedDataAside) {
+    ASSERT_TRUE(m_store.setData(kProfiles, std::string_view("[{\0", 3)));
+    EXPECT_TRUE(printed(m_store).starts_with("Profile load error: "));
+    EXPECT_EQ(ask("SELECT key || hex(value) FROM damaged"), "ssh_profiles_v35B7B00");
+    EXPECT_EQ(ask("SELECT at LIKE '____-__-__T__:__:__Z' AND "
+                  "abs(julianday('now') - julianday(at)) < 0.01 FROM damaged"),
+              "1");
+    ask("UPDATE defaults SET value = '[{'");
+    EXPECT_EQ(printed(m_store), "");
+    EXPECT_EQ(ask("SELECT typeof(value) FROM defaults"), "blob");
+    EXPECT_EQ(ask("SELECT count(*) FROM damaged"), "1");
+}
+
+TEST_F(SqliteStore, LeavesADatabaseThatItCannotUseAsItWas) {
+    ASSERT_TRUE(SqliteKeyValueStore(m_path).setData(kProfiles, "[]"));
+    const fs::path aside = m_folder.path() / "aside";
+    const auto replaceBy = [&](const std::string& bytes) {
+        fs::rename(m_path, aside);
+        std::ofstream(m_path) << bytes;
+    };
+    const auto bringBack = [&] { fs::remove(m_path), fs::rename(aside, m_path); };
+    const auto unlock = [&] { sqlite3_close(std::exchange(m_other, nullptr)); };
+    const struct {
+        std::function<void()> raise, remove;
+        int code;
+    } obstacles[] = {
+        {[&] { replaceBy("Dear diary, " + std::string(5000, 'x')); }, bringBack, SQLITE_NOTADB},
+        {[&] { replaceBy("x\n"); }, bringBack, SQLITE_NOTADB},
+        {[&] { fs::rename(m_path, aside), fs::create_directory(m_path); }, bringBack,
+         SQLITE_CANTOPEN_ISDIR},
+        {[&] { ask("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE"); }, unlock, SQLITE_BUSY},
+        {[&] { ask("PRAGMA journal_mode = DELETE; BEGIN EXCLUSIVE"); }, unlock, SQLITE_BUSY},
+    };
+    for (const auto& obstacle : obstacles) {
+        SCOPED_TRACE(obstacle.code);
+        SqliteKeyValueStore store(m_path, 50ms);
+        obstacle.raise();
+        const auto before = files();
+        const std::string lines = printed(store);
+        EXPECT_TRUE(lines.starts_with("Profile load error: Die gespeicherten Daten")) << lines;
+        EXPECT_EQ(std::ranges::count(lines, '\n'), 3) << lines;
+        EXPECT_EQ(store.dataForKey(kProfiles).error().code, obstacle.code);
+        EXPECT_EQ(store.setData("another key", "").error().code, obstacle.code);
+        EXPECT_TRUE(files() == before);
+
+        obstacle.remove();
+        EXPECT_FALSE(store.setData(kProfiles, "not read yet"));
+        EXPECT_EQ(store.dataForKey(kProfiles), "[]");
+        EXPECT_TRUE(store.setData(kProfiles, "[]"));
+    }
+}
+
 TEST_F(SqliteStore, ReadsADatabaseThatItMayNotWrite) {
     ASSERT_TRUE(SqliteKeyValueStore(m_path).setData(kProfiles, "[]"));
+    const fs::path folder = m_path.parent_path();
     fs::permissions(m_path, fs::perms(0444));
-    fs::permissions(m_path.parent_path(), fs::perms(0555));
-    fs::permissions(m_folder, fs::perms(0755));
-    fs::permissions(m_path.parent_path().parent_path(), fs::perms(0755));
+    for (const auto& above : {folder, folder.parent_path(), m_folder.path()})
+        fs::permissions(above, fs::perms(0555));
     const auto before = files();
     EXPECT_TRUE(wentWell(startChild([&] {
         if (::getuid() == 0 && ::setuid(65534) != 0) return false; // root may write everything
-        const auto data = m_store.dataForKey(kProfiles);
-        const auto set = m_store.setData(kProfiles, "[1]");
-        return data == "[]" && !set && set.error().code == SQLITE_READONLY;
+        const auto set = m_store.setData("another key", "");
+        return m_store.dataForKey(kProfiles) == "[]" && !set && set.error().code == SQLITE_READONLY;
     })));
     EXPECT_TRUE(files() == before);
-    fs::permissions(m_path.parent_path(), fs::perms(0755));
+    for (const auto& above : {folder, folder.parent_path(), m_folder.path()})
+        fs::permissions(above, fs::perms(0755));
 }
 
 TEST_F(SqliteStore, LosesNoWriteOfTwoProcessesThatStartTogether) {
-    constexpr int kWrites = 100;
     const auto writeAll = [&](const std::string& name) {
         SqliteKeyValueStore store(m_path);
-        for (int i = 0; i < kWrites; ++i)
+        for (int i = 0; i < 100; ++i)
             if (!store.setData(name + std::to_string(i), std::string(70'000, 'x'))) return false;
         return true;
     };
@@ -205,18 +168,14 @@ TEST_F(SqliteStore, LosesNoWriteOfTwoProcessesThatStartTogether) {
     EXPECT_TRUE(wentWell(first)) << "a writer gave up";
     EXPECT_TRUE(wentWell(second)) << "a writer gave up";
     EXPECT_EQ(ask("SELECT count(*) FROM defaults WHERE length(value) = 70000"), "200");
-    EXPECT_EQ(ask("PRAGMA integrity_check"), "ok");
 }
 
 TEST_F(SqliteStore, SharesItsFileWithAnotherWindowAndNoticesANewOne) {
     SqliteKeyValueStore window(m_path);
     ASSERT_TRUE(m_store.setData("key", "first"));
-    ASSERT_TRUE(window.setData("key", "second"));
-    EXPECT_EQ(m_store.dataForKey("key"), "second");
-    EXPECT_TRUE(m_store.setData("key", "")) << "an empty value is a value";
-    EXPECT_EQ(window.dataForKey("key"), "");
-
-    fs::rename(m_path, m_folder / "old"); // without its log, as a person would
+    ASSERT_TRUE(window.setData("key", ""));
+    EXPECT_EQ(m_store.dataForKey("key"), "") << "an empty value is a value";
+    fs::rename(m_path, m_folder.path() / "old"); // without its log, as a person would
     EXPECT_EQ(m_store.dataForKey("key"), std::nullopt);
     ASSERT_TRUE(m_store.setData("key", "third"));
     EXPECT_EQ(window.dataForKey("key"), "third");
