@@ -42,7 +42,7 @@ constexpr std::array kTerminals{
     Terminal{"qterminal", {"-e"}, ":LXQt:"},
     Terminal{"tilix", {"-e"}},
     Terminal{"terminator", {"-x"}},
-    Terminal{"sakura", {"-x"}},
+    Terminal{"sakura", {"-e"}},
     Terminal{"kitty", {}},
     Terminal{"alacritty", {"-e"}},
     Terminal{kFoot, {}},
