@@ -5,9 +5,10 @@
 # Nothing here sleeps instead of waiting for something. Keys and clicks go the way of a user's: to the
 # window that has the focus, so a test waits for that window before it types.
 
+# shellcheck disable=SC2034 # all of it is for the scripts that read this in
 # Places in the main window, counted from its corner: the name in the first row of the profile table,
 # and the blank part of the list of categories.
-first_profile=290,114
+first_profile=262,126
 category_list=100,500
 
 # begin PROGRAM: an empty home in $work, and the end of all that was started whatever happens.

@@ -76,6 +76,7 @@ void ContentWindow::makeContent() {
     layout->addWidget(m_header);
     layout->addWidget(split, 1);
     setCentralWidget(content);
+    m_table->setFocus();
     m_toast = new Toast(m_view, content);
 }
 

@@ -74,8 +74,8 @@ void SnippetList::showVisibleRows(Content content) {
     if (!isUpToDate()) return;
     const int scrolled = verticalScrollBar()->value();
     const std::size_t first = rowAt(scrolled);
-    const std::size_t last = std::min(rowAt(scrolled + viewport()->height()) + 1,
-                                      m_snippets.size());
+    const std::size_t last =
+        std::min(rowAt(scrolled + viewport()->height()) + 1, m_snippets.size());
     std::erase_if(m_rows, [&](const auto& entry) {
         const bool isGone = entry.first < first || entry.first >= last;
         if (isGone) m_spareRows.push_back(entry.second);
@@ -101,16 +101,27 @@ void SnippetList::showVisibleRows(Content content) {
 }
 
 SnippetRow* SnippetList::takeSpareRow() {
-    if (m_spareRows.empty()) return new SnippetRow(m_view, viewport());
-    SnippetRow* row = m_spareRows.back();
-    m_spareRows.pop_back();
+    if (!m_spareRows.empty()) {
+        SnippetRow* row = m_spareRows.back();
+        m_spareRows.pop_back();
+        return row;
+    }
+    auto* row = new SnippetRow(m_view, viewport());
+    // The keyboard goes on from where the pointer was.
+    connect(row, &SnippetRow::pressed, this, [this, row] {
+        const auto shown = std::ranges::find(m_rows, row, &decltype(m_rows)::value_type::second);
+        if (shown != m_rows.end()) {
+            m_current = shown->first;
+        }
+        markCurrentRow();
+    });
     return row;
 }
 
 void SnippetList::markCurrentRow() {
     for (const auto& [place, row] : m_rows) {
         row->setCurrent(place == m_current);
-        row->setMarked(place == m_current && hasFocus());
+        row->setMarked(place == m_current && m_showsCurrent);
     }
 }
 
@@ -129,6 +140,7 @@ void SnippetList::moveTo(std::ptrdiff_t row) {
 }
 
 void SnippetList::keyPressEvent(QKeyEvent* event) {
+    m_showsCurrent = true;
     const auto current = static_cast<std::ptrdiff_t>(m_current);
     switch (event->key()) {
     case Qt::Key_Up: return moveTo(current - 1);
@@ -138,8 +150,8 @@ void SnippetList::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_PageUp:
     case Qt::Key_PageDown: {
         if (!isUpToDate()) return;
-        const int way = event->key() == Qt::Key_PageUp ? -viewport()->height()
-                                                       : viewport()->height();
+        const int way =
+            event->key() == Qt::Key_PageUp ? -viewport()->height() : viewport()->height();
         return moveTo(static_cast<std::ptrdiff_t>(rowAt(std::max(m_tops[m_current] + way, 0))));
     }
     case Qt::Key_Return:
@@ -161,11 +173,16 @@ void SnippetList::scrollContentsBy(int, int) { showVisibleRows(Content::same); }
 
 void SnippetList::focusInEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusInEvent(event);
-    moveTo(static_cast<std::ptrdiff_t>(m_current));
+    // A click shows well enough where it went.
+    m_showsCurrent = event->reason() != Qt::MouseFocusReason;
+    if (m_showsCurrent) {
+        moveTo(static_cast<std::ptrdiff_t>(m_current));
+    }
 }
 
 void SnippetList::focusOutEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusOutEvent(event);
+    m_showsCurrent = false;
     markCurrentRow();
 }
 

@@ -61,10 +61,11 @@ private:
     std::optional<Shown> m_shown;
     std::vector<const CommandSnippet*> m_snippets; // valid while isUpToDate()
     std::unique_ptr<SnippetRowMetrics> m_metrics;
-    std::vector<int> m_tops; // of each row, and the bottom of the last
+    std::vector<int> m_tops;                   // of each row, and the bottom of the last
     std::map<std::size_t, SnippetRow*> m_rows; // those that can be seen, by place
     std::vector<SnippetRow*> m_spareRows;
-    std::size_t m_current = 0;
+    std::size_t m_current = 0;   // the row that the keyboard is on
+    bool m_showsCurrent = false; // since the keyboard was used last
 };
 
 } // namespace korvan

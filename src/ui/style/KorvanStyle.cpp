@@ -8,7 +8,6 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QHeaderView>
-#include <QListView>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -16,7 +15,6 @@
 #include <QStyleOption>
 #include <QTextEdit>
 #include <QToolButton>
-#include <QTreeView>
 #include <algorithm>
 
 namespace korvan {
@@ -33,16 +31,16 @@ constexpr int kComboArrow = 24;
 constexpr int kLeastSlider = 32;
 
 // Frames that are drawn round, like a line edit's.
-bool isField(const QWidget* widget) {
-    return qobject_cast<const QTextEdit*>(widget) || qobject_cast<const QPlainTextEdit*>(widget) ||
-           qobject_cast<const QListView*>(widget) || qobject_cast<const QTreeView*>(widget);
+bool isField(const QWidget* widget) { return qobject_cast<const QAbstractScrollArea*>(widget); }
+
+bool isTextEdit(const QWidget* widget) {
+    return qobject_cast<const QTextEdit*>(widget) || qobject_cast<const QPlainTextEdit*>(widget);
 }
 
 // The frame of a list or a text edit. A list that was clicked has its selection to show for it.
 void drawArea(QPainter& painter, const QStyleOption& option, const QWidget* widget) {
     QStyleOption area = option;
-    if (qobject_cast<const QAbstractItemView*>(widget) &&
-        !option.state.testFlag(QStyle::State_KeyboardFocusChange)) {
+    if (!isTextEdit(widget) && !option.state.testFlag(QStyle::State_KeyboardFocusChange)) {
         area.state &= ~QStyle::State_HasFocus;
     }
     drawField(painter, area);
