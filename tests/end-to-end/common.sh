@@ -1,22 +1,24 @@
 #!/usr/bin/env bash
-# What the tests here share; each reads it in with `source` and calls `begin PROGRAM` first. They run
-# the real program on a display with a window manager (see script/with-display).
+# How a script works with the real program, on a display with a window manager (script/with-display).
+# Each reads this in with `source` and calls `begin PROGRAM` first.
 #
-# Nothing here sleeps instead of waiting for something. Keys and clicks go the way of a user's: to the
-# window that has the focus, so a test waits for that window before it types.
+# Nothing here sleeps instead of waiting for something. Keys go the way of a user's, to the window
+# that has the focus, so wait for that window before you type.
 
 # shellcheck disable=SC2034 # all of it is for the scripts that read this in
-# Places in the main window, counted from its corner: the name in the first row of the profile table,
-# and the blank part of the list of categories.
+# Places in the main window, counted from its corner in logical pixels: the name in the first row of
+# the profile table, and the blank part of the list of categories.
 first_profile=262,126
 category_list=100,500
+scale=1       # physical pixels to a logical one
+environment=() # of the program, beside what it needs
 
 # begin PROGRAM: an empty home in $work, and the end of all that was started whatever happens.
 begin() {
     program=$(realpath "$1")
-    test_name=$(basename "$0")
+    script_name=$(basename "$0")
     user=$(id -un)
-    work=$(mktemp -d "${TMPDIR:-/tmp}/korvan-$test_name.XXXXXX")
+    work=$(mktemp -d "${TMPDIR:-/tmp}/korvan-$script_name.XXXXXX")
     database=$work/data/korvan/defaults.sqlite3
     search_path=$PATH
     jobs_of_ours=()
@@ -36,9 +38,9 @@ end() {
 }
 
 fail() {
-    echo "$test_name: $*" >&2
-    import -window root "$test_name.png" 2>/dev/null &&
-        echo "$test_name: the screen is in $PWD/$test_name.png" >&2
+    echo "$script_name: $*" >&2
+    import -window root "$script_name.png" 2>/dev/null &&
+        echo "$script_name: the screen is in $PWD/$script_name.png" >&2
     local log
     for log in "$work"/*.log; do [ ! -s "$log" ] || sed "s|^|$(basename "$log"): |" "$log" >&2; done
     exit 1
@@ -54,12 +56,12 @@ within() {
     done
 }
 
-# Runs Korvan as a user without any settings would. Leaves its window in `window` and its process in
+# Runs Korvan for a user without any settings. Leaves its window in `window` and its process in
 # `korvan`.
 start_program() {
     env -i PATH="$search_path" HOME="$work/home" XDG_DATA_HOME="$work/data" LANG=C.UTF-8 \
         USER="$user" DISPLAY="$DISPLAY" QT_QPA_PLATFORM=xcb DBUS_SESSION_BUS_ADDRESS=disabled: \
-        "$program" >"$work/program.log" 2>&1 &
+        "${environment[@]}" "$program" >"$work/program.log" 2>&1 &
     korvan=$!
     jobs_of_ours+=("$korvan")
     within 30 xdotool search --onlyvisible --name '^Korvan$' || fail "no window of the program"
@@ -77,10 +79,103 @@ is_active() { [ "$(xdotool getactivewindow)" = "$1" ]; }
 
 # click X,Y [BUTTON OPTIONS...]: at a place counted from the corner of the window.
 click() {
-    local place=$1
+    local x=${1%,*} y=${1#*,}
     shift
-    xdotool mousemove --window "$window" "${place%,*}" "${place#*,}" click "$@" 1
+    xdotool mousemove --window "$window" $((x * scale)) $((y * scale)) click "$@" 1
 }
 
 # sql STATEMENT: runs it on the stored data, waiting its turn.
 sql() { sqlite3 -cmd '.timeout 5000' "$database" "$1"; }
+
+# --- The keyboard's way through the main window ---------------------------------------------------
+
+# The buttons that Shift+Tab visits one after the other from the list of categories, and the stops of
+# Tab from there on. A button that is not enabled is no stop.
+buttons_before=(delete_category rename_category new_category panel about import export reload copy
+    new delete edit connect)
+stops_after=(profiles new_command hide_panel search commands copy_command edit_command
+    delete_command)
+has_category=no # whether a category is chosen in the list
+has_profile=no  # whether a profile is selected
+
+is_enabled() {
+    case $1 in
+    delete_category | rename_category) [ $has_category = yes ] ;;
+    copy | delete | edit | connect) [ $has_profile = yes ] ;;
+    esac
+}
+
+keys() { xdotool key --delay 25 "$@"; }
+text() { printf %s "$1" | xdotool type --delay 12 --file -; }
+
+# By way of the clipboard, for what has no key on every keyboard.
+paste() {
+    put_into_clipboard "$1"
+    keys ctrl+v
+}
+
+# go_to STOP: gives it the keyboard.
+go_to() {
+    local stop way=()
+    click $category_list
+    for stop in "${stops_after[@]}"; do
+        way+=(Tab)
+        [ "$stop" != "$1" ] || { keys "${way[@]}" && return; }
+    done
+    way=()
+    for stop in "${buttons_before[@]}"; do
+        ! is_enabled "$stop" || way+=(shift+Tab)
+        [ "$stop" != "$1" ] || { keys "${way[@]}" && return; }
+    done
+    fail "there is no $1"
+}
+
+# press STOP TITLE: presses the button and waits for the window that it opens.
+press() {
+    go_to "$1"
+    keys space
+    await_window "$2"
+}
+
+await_window() {
+    within 10 has_title "$1" || fail "no window '$1' but '$(xdotool getactivewindow getwindowname)'"
+}
+
+has_title() { xdotool getactivewindow getwindowname | grep -qE "^$1( — Korvan)?$"; }
+
+await_main_window() {
+    within 10 is_active "$window" || fail "the main window does not come back"
+}
+
+put_into_clipboard() { printf %s "$1" | xclip -selection clipboard >/dev/null 2>&1; }
+
+# drawn COMMAND...: runs it and waits until the window looks different.
+drawn() {
+    local before
+    before=$(picture)
+    "$@"
+    within 10 looks_different "$before" || fail "nothing happens on: $*"
+}
+
+picture() { import -silent -window "$window" rgb:- | sha256sum; }
+looks_different() { [ "$(picture)" != "$1" ]; }
+
+select_first_profile() {
+    has_profile=yes
+    drawn click $first_profile
+}
+
+# choose_category ROW: in the list; 0 is the first of the user's own.
+choose_category() {
+    local way=(Home Down) row
+    for ((row = 0; row <= $1; row++)); do way+=(Down); done
+    click $category_list
+    has_category=yes
+    drawn keys "${way[@]}" Return
+}
+
+choose_all() {
+    click $category_list
+    has_category=no
+    drawn keys Home Return
+}
