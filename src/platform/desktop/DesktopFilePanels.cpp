@@ -32,8 +32,9 @@ QString run(QFileDialog& dialog) {
     return files.isEmpty() ? QString() : files.first();
 }
 
-bool mayReplace(const QString& path) {
-    QMessageBox question(QApplication::activeWindow());
+bool mayReplace(const QString& path, const QString& title, QWidget* window) {
+    QMessageBox question(window);
+    question.setWindowTitle(title);
     question.setIcon(QMessageBox::Warning);
     question.setText(QStringLiteral("„%1“ ist bereits vorhanden.").arg(QFileInfo(path).fileName()));
     question.setInformativeText(QStringLiteral("Soll die Datei ersetzt werden?"));
@@ -49,10 +50,13 @@ bool mayReplace(const QString& path) {
 } // namespace
 
 std::optional<std::string> DesktopFilePanels::runSavePanel(const SavePanel& panel) {
+    // Asked once: between the dialogs no window is active.
+    QWidget* const window = QApplication::activeWindow();
+    const QString title = toQString(panel.title);
     const QString fileType = toQString(panel.fileType);
     QString proposed = toQString(panel.proposedName);
     while (true) {
-        QFileDialog dialog(QApplication::activeWindow(), toQString(panel.title));
+        QFileDialog dialog(window, title);
         dialog.setAcceptMode(QFileDialog::AcceptSave);
         dialog.setFileMode(QFileDialog::AnyFile);
         dialog.setOption(QFileDialog::DontConfirmOverwrite);
@@ -63,7 +67,7 @@ std::optional<std::string> DesktopFilePanels::runSavePanel(const SavePanel& pane
         QString path = run(dialog);
         if (path.isEmpty()) return std::nullopt;
         if (QFileInfo(path).suffix().isEmpty()) path += QLatin1Char('.') + fileType;
-        if (!QFileInfo::exists(path) || mayReplace(path)) return fromQString(path);
+        if (!QFileInfo::exists(path) || mayReplace(path, title, window)) return fromQString(path);
         proposed = path; // he may want another name beside it
     }
 }

@@ -70,7 +70,7 @@ bool isExecutable(const fs::path& path) {
 std::optional<fs::path> findProgram(std::string_view searchPath, std::string_view name) {
     for (const std::string_view folder : parts(searchPath)) {
         // Relative folders would depend on where we happen to be.
-        const fs::path path = fs::path(folder) / name;
+        fs::path path = fs::path(folder) / name;
         if (path.is_absolute() && isExecutable(path)) return path;
     }
     return std::nullopt;

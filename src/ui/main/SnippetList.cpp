@@ -19,6 +19,7 @@ constexpr int kScrollStep = 24;
 
 SnippetList::SnippetList(ContentView& view, QWidget* parent)
     : QAbstractScrollArea(parent), m_view(view) {
+    setObjectName(u"commands"_qs);
     setAccessibleName(u"Befehle"_qs);
     setFocusPolicy(Qt::StrongFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -30,31 +31,25 @@ SnippetList::SnippetList(ContentView& view, QWidget* parent)
 
 SnippetList::~SnippetList() = default;
 
-bool SnippetList::isUpToDate() const {
-    return m_shown && m_shown->revision == m_view.snippetStore.revision();
-}
+bool SnippetList::isUpToDate() const { return m_shown.revision == m_view.snippetStore.revision(); }
 
 void SnippetList::refresh() {
-    const SSHProfile* profile = m_view.selectedProfile();
-    const bool isSameProfile =
-        m_shown && (profile ? m_shown->profile == *profile : !m_shown->profile);
-    if (isUpToDate() && m_shown->search == *m_view.snippetSearch && isSameProfile) return;
-    const bool isSameSearch = m_shown && m_shown->search == *m_view.snippetSearch;
-    m_shown = Shown{m_view.snippetStore.revision(), m_view.snippetSearch,
-                    profile ? std::optional(*profile) : std::nullopt};
-    if (!isSameSearch) {
-        m_current = 0;
-        verticalScrollBar()->setValue(0);
-    }
+    Shown wanted{m_view.snippetStore.revision(), m_view.snippetSearch, std::nullopt};
+    if (const SSHProfile* profile = m_view.selectedProfile()) wanted.profile = *profile;
+    if (m_shown == wanted) return;
+    const bool isSameSearch = m_shown.search == wanted.search;
+    m_shown = std::move(wanted);
     m_snippets = m_view.filteredSnippets();
-    m_current = std::min(m_current, m_snippets.empty() ? 0 : m_snippets.size() - 1);
+    const std::size_t last = m_snippets.empty() ? 0 : m_snippets.size() - 1;
+    m_current = isSameSearch ? std::min(m_current, last) : 0;
     layOut();
+    if (!isSameSearch) verticalScrollBar()->setValue(0);
 }
 
 void SnippetList::layOut() {
     if (!isUpToDate()) return; // the refresh that is on its way does it
     m_metrics = std::make_unique<SnippetRowMetrics>(viewport()->width());
-    const SSHProfile* profile = m_shown->profile ? &*m_shown->profile : nullptr;
+    const SSHProfile* profile = m_shown.profile ? &*m_shown.profile : nullptr;
     m_tops.assign(1, 0);
     m_tops.reserve(m_snippets.size() + 1);
     for (const CommandSnippet* snippet : m_snippets)
@@ -81,7 +76,7 @@ void SnippetList::showVisibleRows(Content content) {
         if (isGone) m_spareRows.push_back(entry.second);
         return isGone;
     });
-    const SSHProfile* profile = m_shown->profile ? &*m_shown->profile : nullptr;
+    const SSHProfile* profile = m_shown.profile ? &*m_shown.profile : nullptr;
     for (std::size_t place = first; place < last; ++place) {
         const QRect where(0, m_tops[place] - scrolled, viewport()->width(),
                           m_tops[place + 1] - m_tops[place]);

@@ -181,7 +181,7 @@ int KorvanStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     case PM_ScrollBarSliderMin: return kLeastSlider;
     case PM_ScrollView_ScrollBarSpacing:
     case PM_ScrollView_ScrollBarOverlap: return 0;
-    case PM_SplitterWidth: return 1; // drawn as a hairline; the toolkit widens what can be grabbed
+    case PM_SplitterWidth: // drawn as a hairline; the toolkit widens what can be grabbed
     case PM_MenuPanelWidth: return 1;
     case PM_MenuHMargin:
     case PM_MenuVMargin: return 4;
@@ -199,7 +199,7 @@ int KorvanStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWi
                            QStyleHintReturn* data) const {
     switch (hint) {
     case SH_Widget_Animation_Duration:
-    case SH_Widget_Animate: return 0;
+    case SH_Widget_Animate:
     case SH_ComboBox_Popup: return 0; // a list below the box, not a menu over it
     case SH_ComboBox_PopupFrameStyle: return static_cast<int>(QFrame::StyledPanel) | QFrame::Plain;
     case SH_DialogButtonBox_ButtonsHaveIcons:
