@@ -59,7 +59,7 @@ within() {
 # Runs Korvan for a user without any settings. Leaves its window in `window` and its process in
 # `korvan`.
 start_program() {
-    env -i PATH="$search_path" HOME="$work/home" XDG_DATA_HOME="$work/data" LANG=C.UTF-8 \
+    env -i --chdir="$work/home" PATH="$search_path" HOME="$work/home" XDG_DATA_HOME="$work/data" LANG=C.UTF-8 \
         USER="$user" DISPLAY="$DISPLAY" QT_QPA_PLATFORM=xcb DBUS_SESSION_BUS_ADDRESS=disabled: \
         "${environment[@]}" "$program" >"$work/program.log" 2>&1 &
     korvan=$!
@@ -68,6 +68,8 @@ start_program() {
     window=$(xdotool search --onlyvisible --name '^Korvan$' | head -n 1)
     activate "$window"
 }
+
+has_ended() { ! kill -0 "$korvan"; }
 
 # activate WINDOW: gives it the keyboard, as a click on its title would.
 activate() {
@@ -140,6 +142,18 @@ press() {
 await_window() {
     within 10 has_title "$1" || fail "no window '$1' but '$(xdotool getactivewindow getwindowname)'"
 }
+
+# await_next_window TITLE KEYS...: types them and waits for another window, which may have the same
+# title as the one that it comes from.
+await_next_window() {
+    local title=$1 before
+    before=$(xdotool getactivewindow)
+    shift
+    keys "$@"
+    within 10 is_next_window "$before" "$title" || fail "no window '$title' on: $*"
+}
+
+is_next_window() { ! is_active "$1" && has_title "$2"; }
 
 has_title() { xdotool getactivewindow getwindowname | grep -qE "^$1( — Korvan)?$"; }
 
