@@ -6,12 +6,16 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTreeView>
 
 namespace korvan {
 
 namespace {
+
+constexpr QSize kOwnPanelSize(820, 520);
 
 // "JSON-Dateien (*.json)"
 QString nameFilter(const std::vector<std::string>& fileTypes) {
@@ -25,8 +29,20 @@ QString nameFilter(const std::vector<std::string>& fileTypes) {
         .arg(names.join(QStringLiteral("/")), patterns.join(QLatin1Char(' ')));
 }
 
+// The toolkit's own panel, which is there where the desktop brings none, gives each column a width
+// that is too small for what it shows.
+void fitColumns(QFileDialog& dialog) {
+    const auto* list = dialog.findChild<QTreeView*>();
+    if (!list) return;
+    dialog.resize(kOwnPanelSize);
+    QHeaderView* columns = list->header();
+    columns->setSectionResizeMode(QHeaderView::ResizeToContents);
+    columns->setSectionResizeMode(0, QHeaderView::Stretch);
+}
+
 // The chosen path, empty when the user cancelled.
 QString run(QFileDialog& dialog) {
+    fitColumns(dialog);
     if (dialog.exec() != QDialog::Accepted) return {};
     const QStringList files = dialog.selectedFiles();
     return files.isEmpty() ? QString() : files.first();
@@ -35,7 +51,6 @@ QString run(QFileDialog& dialog) {
 bool mayReplace(const QString& path, const QString& title, QWidget* window) {
     QMessageBox question(window);
     question.setWindowTitle(title);
-    question.setIcon(QMessageBox::Warning);
     question.setText(QStringLiteral("„%1“ ist bereits vorhanden.").arg(QFileInfo(path).fileName()));
     question.setInformativeText(QStringLiteral("Soll die Datei ersetzt werden?"));
     const auto* replace =
