@@ -11,6 +11,7 @@
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
+#include <csignal>
 
 namespace {
 
@@ -25,6 +26,8 @@ void speakGerman(QApplication& application, QTranslator& translator) {
 } // namespace
 
 int main(int argc, char** argv) {
+    // Whoever started us may ignore the end of his children; we want to know of ours.
+    std::signal(SIGCHLD, SIG_DFL);
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"korvan"_qs);
     QApplication::setApplicationDisplayName(u"Korvan"_qs);

@@ -98,10 +98,4 @@ TEST(ExpandedCommand, SearchesInsertedValuesForThePlaceholdersThatFollow) {
     EXPECT_EQ(expanded("{PO{HOST}}", profile("u", "RT", 5)), "5");
 }
 
-TEST(ExpandedCommand, IsTheTemplateItselfWithoutAProfile) {
-    const CommandSnippet snippet =
-        with(exampleSnippet(), &CommandSnippet::commandTemplate, "ssh -p {PORT} {TARGET}");
-    EXPECT_EQ(snippet.expandedCommand(nullptr), "ssh -p {PORT} {TARGET}");
-}
-
 } // namespace korvan

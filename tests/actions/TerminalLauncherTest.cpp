@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "actions/TerminalLauncher.h"
 
+#include "model/Uuid.h"
 #include "platform/ChildProcess.h"
 #include "support/RecordingDesktop.h"
 #include "support/TemporaryFolder.h"
 
 #include <cerrno>
 #include <gtest/gtest.h>
-#include <regex>
 
 namespace korvan {
 
@@ -74,9 +74,9 @@ TEST(TerminalLauncher, HandsAnExecutablePrivateScriptToTheTerminal) {
     EXPECT_NE(launch.workspace.paths[0], launch.workspace.paths[1]);
     for (const std::filesystem::path path : launch.workspace.paths) {
         EXPECT_EQ(path.parent_path(), launch.folder.path());
-        EXPECT_TRUE(std::regex_match(
-            path.filename().string(),
-            std::regex("Korvan_[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}\\.command")));
+        const std::string name = path.filename();
+        const auto uuid = Uuid::parse(std::string_view(name).substr(7, Uuid::kTextLength));
+        EXPECT_EQ(name, "Korvan_" + uuid.value_or(Uuid()).text() + ".command");
         EXPECT_EQ(textOf(path), terminalScript("ssh -p 22 u@h"));
         EXPECT_EQ(modeOf(path), 0711U) << "others may run it, but nobody may read it";
     }

@@ -25,15 +25,6 @@ TEST(SSHProfile, EqualsAnotherOnlyWhenAllNineFieldsAreEqual) {
         EXPECT_NE(profile, other);
 }
 
-TEST(CommandSnippet, EqualsAnotherOnlyWhenAllFourFieldsAreEqual) {
-    const CommandSnippet snippet = exampleSnippet();
-    EXPECT_EQ(snippet, exampleSnippet());
-    EXPECT_NE(snippet, with(snippet, &CommandSnippet::id, exampleId(9)));
-    EXPECT_NE(snippet, with(snippet, &CommandSnippet::title, "x"));
-    EXPECT_NE(snippet, with(snippet, &CommandSnippet::commandTemplate, "x"));
-    EXPECT_NE(snippet, with(snippet, &CommandSnippet::hint, "x"));
-}
-
 TEST(SSHCategory, IsTheSameHoweverItsAccentsAreComposed) {
     const SSHCategory composed = with(exampleCategory(), &SSHCategory::name, "B\u00FCro \u1EC7");
     for (const std::string name : {"Bu\u0308ro e\u0323\u0302", "Bu\u0308ro e\u0302\u0323"}) {

@@ -61,22 +61,6 @@ TEST(RecordStore, SeedsAnEmptyStoreAndSavesAtOnce) {
         << "the ids are those of the run";
 }
 
-TEST(RecordStore, SeedsWithTheTextsThatItIsGiven) {
-    SSHProfile sample;
-    sample.id = sampleProfile().id;
-    sample.name = "Server Zuhause";
-    sample.host = "192.168.1.10";
-    sample.user = "root";
-    EXPECT_EQ(sampleProfile(), sample);
-    EXPECT_EQ(defaultCategory().name, "Zuhause");
-    ASSERT_EQ(defaultSnippets().size(), 7U);
-    const CommandSnippet& copy = defaultSnippets()[5];
-    EXPECT_EQ(copy.commandTemplate, "scp -P {PORT} ./datei.txt {TARGET}:/tmp/");
-    EXPECT_EQ(copy.hint, "Lokale Datei \u2192 Remote");
-    EXPECT_EQ(defaultSnippets()[6].commandTemplate,
-              "rsync -avz -e \"ssh -p {PORT}\" ./ordner/ {TARGET}:/tmp/ordner/");
-}
-
 TEST(RecordStore, SeedsOverAnEmptyListAndOverAValueOfAnotherType) {
     LoadedStore loaded;
     loaded.memory.values[std::string(kProfilesKey)] = "[]";
@@ -89,12 +73,6 @@ TEST(RecordStore, SeedsOverAnEmptyListAndOverAValueOfAnotherType) {
     EXPECT_EQ(loaded.stored(), std::vector{sampleProfile()});
     EXPECT_EQ(loaded.memory.writtenKeys.size(), 2U);
     EXPECT_TRUE(loaded.memory.preserved.empty());
-}
-
-TEST(RecordStore, LoadsWhatIsStoredInItsOrderAndWritesNothing) {
-    LoadedStore loaded;
-    EXPECT_EQ(SSHStore(loaded.memory).profiles(), threeProfiles());
-    EXPECT_TRUE(loaded.memory.writtenKeys.empty());
 }
 
 TEST(RecordStore, PutsNewProfilesLastAndOtherNewRecordsFirst) {
@@ -238,19 +216,6 @@ TEST(RecordStore, NeverOverwritesWhatItCouldNotRead) {
     EXPECT_EQ(printed, "Profile load error: gesperrt\n"
                        "Profile save error: kein Platz\nProfile save error: kein Platz\n");
     EXPECT_EQ(loaded.stored(), threeProfiles());
-}
-
-TEST(RecordStore, SeesWhatAnotherWindowSavedAfterReloading) {
-    LoadedStore loaded;
-    SSHStore mine(loaded.memory);
-    SSHStore theirs(loaded.memory);
-    theirs.add(exampleProfile(14));
-    const auto before = mine.revision();
-    mine.load();
-    EXPECT_EQ(mine.profiles(), theirs.profiles());
-    EXPECT_NE(mine.revision(), before);
-    EXPECT_EQ(mine.find(exampleId(14))->id, exampleId(14));
-    EXPECT_EQ(mine.find(exampleId(99)), nullptr);
 }
 
 } // namespace korvan

@@ -6,12 +6,16 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTreeView>
 
 namespace korvan {
 
 namespace {
+
+constexpr QSize kOwnPanelSize(820, 520);
 
 // "JSON-Dateien (*.json)"
 QString nameFilter(const std::vector<std::string>& fileTypes) {
@@ -25,16 +29,28 @@ QString nameFilter(const std::vector<std::string>& fileTypes) {
         .arg(names.join(QStringLiteral("/")), patterns.join(QLatin1Char(' ')));
 }
 
+// The toolkit's own panel, which is there where the desktop brings none, gives each column a width
+// that is too small for what it shows.
+void fitColumns(QFileDialog& dialog) {
+    const auto* list = dialog.findChild<QTreeView*>();
+    if (!list) return;
+    dialog.resize(kOwnPanelSize);
+    QHeaderView* columns = list->header();
+    columns->setSectionResizeMode(QHeaderView::ResizeToContents);
+    columns->setSectionResizeMode(0, QHeaderView::Stretch);
+}
+
 // The chosen path, empty when the user cancelled.
 QString run(QFileDialog& dialog) {
+    fitColumns(dialog);
     if (dialog.exec() != QDialog::Accepted) return {};
     const QStringList files = dialog.selectedFiles();
     return files.isEmpty() ? QString() : files.first();
 }
 
-bool mayReplace(const QString& path) {
-    QMessageBox question(QApplication::activeWindow());
-    question.setIcon(QMessageBox::Warning);
+bool mayReplace(const QString& path, const QString& title, QWidget* window) {
+    QMessageBox question(window);
+    question.setWindowTitle(title);
     question.setText(QStringLiteral("„%1“ ist bereits vorhanden.").arg(QFileInfo(path).fileName()));
     question.setInformativeText(QStringLiteral("Soll die Datei ersetzt werden?"));
     const auto* replace =
@@ -49,10 +65,13 @@ bool mayReplace(const QString& path) {
 } // namespace
 
 std::optional<std::string> DesktopFilePanels::runSavePanel(const SavePanel& panel) {
+    // Asked once: between the dialogs no window is active.
+    QWidget* const window = QApplication::activeWindow();
+    const QString title = toQString(panel.title);
     const QString fileType = toQString(panel.fileType);
     QString proposed = toQString(panel.proposedName);
     while (true) {
-        QFileDialog dialog(QApplication::activeWindow(), toQString(panel.title));
+        QFileDialog dialog(window, title);
         dialog.setAcceptMode(QFileDialog::AcceptSave);
         dialog.setFileMode(QFileDialog::AnyFile);
         dialog.setOption(QFileDialog::DontConfirmOverwrite);
@@ -63,7 +82,7 @@ std::optional<std::string> DesktopFilePanels::runSavePanel(const SavePanel& pane
         QString path = run(dialog);
         if (path.isEmpty()) return std::nullopt;
         if (QFileInfo(path).suffix().isEmpty()) path += QLatin1Char('.') + fileType;
-        if (!QFileInfo::exists(path) || mayReplace(path)) return fromQString(path);
+        if (!QFileInfo::exists(path) || mayReplace(path, title, window)) return fromQString(path);
         proposed = path; // he may want another name beside it
     }
 }

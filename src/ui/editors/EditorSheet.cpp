@@ -39,9 +39,16 @@ EditorSheet::EditorSheet(int width, int padding, QWidget* parent)
     m_stack->addLayout(m_form);
 }
 
-void EditorSheet::addRow(const QString& label, QWidget* field) { m_form->addRow(label, field); }
-
-void EditorSheet::addRow(const QString& label, QLayout* fields) { m_form->addRow(label, fields); }
+void EditorSheet::addRow(const QString& label, QWidget* field, QLayout* row) {
+    auto* rowLabel = new QLabel(label);
+    rowLabel->setBuddy(field); // a picker's accessible name is its choice: this tells what it is
+    // As high as its row: a form layout would put a lower label a little above the middle.
+    rowLabel->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
+    if (row)
+        m_form->addRow(rowLabel, row);
+    else
+        m_form->addRow(rowLabel, field);
+}
 
 void EditorSheet::addWideRow(QLayout* content) { m_form->addRow(content); }
 

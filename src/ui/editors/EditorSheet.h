@@ -33,8 +33,8 @@ protected:
     EditorSheet(int width, int padding, QWidget* parent);
 
     // Rows come in reading order, and then `complete` once.
-    void addRow(const QString& label, QWidget* field);
-    void addRow(const QString& label, QLayout* fields);
+    // Where other controls stand beside a row's field, `row` holds them all.
+    void addRow(const QString& label, QWidget* field, QLayout* row = nullptr);
     void addWideRow(QLayout* content);
     void complete(QWidget* firstField);
 

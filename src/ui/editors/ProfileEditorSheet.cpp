@@ -102,7 +102,7 @@ void ProfileEditorSheet::addPasswordRow() {
     row->setSpacing(kPasswordSpacing);
     row->addWidget(m_password);
     row->addWidget(m_togglePassword);
-    addRow(label, row);
+    addRow(label, m_password, row);
     // As wide as its longer text, so that the field beside it does not move.
     m_togglePassword->setFixedWidth(m_togglePassword->sizeHint().width());
 }
@@ -130,7 +130,7 @@ void ProfileEditorSheet::addIdentityFileRow() {
     row->addWidget(m_identityFile);
     row->addWidget(choose);
     row->addWidget(m_clearIdentityFile);
-    addRow(label, row);
+    addRow(label, m_identityFile, row);
 }
 
 void ProfileEditorSheet::refresh() {

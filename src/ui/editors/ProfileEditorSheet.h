@@ -22,8 +22,8 @@ protected:
     void refresh() override;
 
 private:
-    std::string_view editorTitle() const override { return m_view.editorTitle(); }
-    const std::optional<std::string>& validationError() const override {
+    [[nodiscard]] std::string_view editorTitle() const override { return m_view.editorTitle(); }
+    [[nodiscard]] const std::optional<std::string>& validationError() const override {
         return m_view.validationError;
     }
     void commit() override { m_view.commit(); }

@@ -17,8 +17,8 @@ public:
     SnippetEditorSheet(SnippetEditorView view, QWidget* parent);
 
 private:
-    std::string_view editorTitle() const override { return m_view.editorTitle(); }
-    const std::optional<std::string>& validationError() const override {
+    [[nodiscard]] std::string_view editorTitle() const override { return m_view.editorTitle(); }
+    [[nodiscard]] const std::optional<std::string>& validationError() const override {
         return m_view.validationError;
     }
     void commit() override { m_view.commit(); }

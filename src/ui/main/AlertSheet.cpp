@@ -9,6 +9,7 @@
 #include <QTextEdit>
 #include <algorithm>
 #include <cmath>
+#include <memory>
 
 namespace korvan {
 
@@ -41,6 +42,7 @@ AlertSheet::AlertSheet(const QString& title, const QString& message,
     // An editor instead of a label: it breaks lines inside of words, such as long paths, and
     // scrolls.
     m_message->setReadOnly(true);
+    m_message->setAccessibleName(title);
     m_message->setFrameShape(QFrame::NoFrame);
     m_message->viewport()->setAutoFillBackground(false);
     m_message->document()->setDocumentMargin(0);
@@ -77,8 +79,10 @@ void AlertSheet::setMessage(const QString& message) {
     if (accessibleDescription() == message && !m_message->document()->isEmpty()) return;
     setAccessibleDescription(message); // read out when the alert opens
     m_message->setPlainText(message);
-    m_message->document()->setTextWidth(kWidth - 2 * kPadding);
-    const int height = static_cast<int>(std::ceil(m_message->document()->size().height()));
+    // Measured in a copy: before it is shown, the editor breaks its lines at a width of its own.
+    const std::unique_ptr<QTextDocument> copy(m_message->document()->clone());
+    copy->setTextWidth(kWidth - 2 * kPadding);
+    const int height = static_cast<int>(std::ceil(copy->size().height()));
     m_message->setFixedHeight(std::min(height, kMaximumMessageHeight));
     // A stop for the Tab key only where there is something to scroll.
     m_message->setFocusPolicy(height > kMaximumMessageHeight ? Qt::StrongFocus : Qt::ClickFocus);

@@ -7,6 +7,7 @@
 #include "ui/style/TextStyles.h"
 
 #include <QFontMetrics>
+#include <QGuiApplication>
 #include <QPainter>
 #include <QStyle>
 #include <algorithm>
@@ -17,7 +18,7 @@ namespace korvan {
 namespace {
 
 constexpr int kRowPadding = 4;
-constexpr int kRowInset = 10; // to the left and right of the content
+constexpr int kRowInset = 10;   // to the left and right of the content
 constexpr int kHeadingGap = 12; // above the section's heading
 constexpr int kSymbolSize = 14;
 constexpr float kHighlightOpacity = 0.15F;
@@ -122,10 +123,12 @@ void FilterRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
     QFont font = fontFor(isHeading ? TextStyle::subheadline : TextStyle::body);
     font.setBold(isHeading);
     painter->setFont(font);
+    // Not the option's palette: that one is the disabled one for a heading, which nobody can
+    // choose.
     painter->setPen(colorFor(isHeading ? SemanticColor::secondary : SemanticColor::primary,
-                             option.palette));
-    const QString text = QFontMetrics(font).elidedText(index.data().toString(), Qt::ElideRight,
-                                                       content.width());
+                             QGuiApplication::palette()));
+    const QString text =
+        QFontMetrics(font).elidedText(index.data().toString(), Qt::ElideRight, content.width());
     painter->drawText(content, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
 
     // Seen by keyboard users only: where the next Return would filter.

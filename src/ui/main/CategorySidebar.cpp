@@ -105,9 +105,9 @@ bool CategorySidebar::eventFilter(QObject* watched, QEvent* event) {
         // The list and its viewport both see the event; the mouse's belongs to the viewport.
         if (!isByKey && watched != m_list->viewport()) return false;
         const QModelIndex index = isByKey ? m_list->currentIndex() : m_list->indexAt(menu->pos());
-        const QPoint place = isByKey ? m_list->viewport()->mapToGlobal(
-                                           m_list->visualRect(index).bottomLeft())
-                                     : menu->globalPos();
+        const QPoint place =
+            isByKey ? m_list->viewport()->mapToGlobal(m_list->visualRect(index).bottomLeft())
+                    : menu->globalPos();
         openMenu(index, place);
         return true;
     }

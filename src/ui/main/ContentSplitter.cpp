@@ -88,10 +88,13 @@ void ContentSplitter::resizeEvent(QResizeEvent* event) {
     const int before = m_frame->width();
     const int change = event->size().width() - event->oldSize().width();
     QSplitter::resizeEvent(event);
-    const bool isSettled = m_slide.state() != QAbstractAnimation::Running && m_frame->isVisible();
-    if (!isSettled || event->oldSize().width() <= 0) return;
+    if (m_slide.state() == QAbstractAnimation::Running || m_frame->isHidden()) {
+        return;
+    }
+    // What happens before the window is there says nothing of what the user wants.
+    const int wanted = isVisible() ? before + change : m_panelWidth;
     const int most = std::max(availableWidth() - widget(0)->minimumWidth(), kMinimum);
-    setPanelWidth(std::clamp(before + change, kMinimum, std::min(kMaximum, most)));
+    setPanelWidth(std::clamp(wanted, kMinimum, std::min(kMaximum, most)));
 }
 
 } // namespace korvan

@@ -74,7 +74,8 @@ void HeaderBar::addDivider() {
 
 void HeaderBar::refresh() {
     const bool hasProfile = m_view.selectedProfile() != nullptr;
-    for (QPushButton* button : m_profileButtons) button->setEnabled(hasProfile);
+    for (QPushButton* button : m_profileButtons)
+        button->setEnabled(hasProfile);
     setLabel(m_panelToggle, m_view.showSnippets ? u"Befehle aus"_qs : u"Befehle ein"_qs);
 }
 

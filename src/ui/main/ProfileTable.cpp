@@ -71,16 +71,16 @@ void ProfileTable::configure() {
     header->setHighlightSections(false);
     header->setSectionsClickable(false);
     // One minimum for all columns is all that a header knows; limitColumn does the rest.
-    header->setMinimumSectionSize(
-        std::ranges::min(kColumns, {}, &ColumnLimits::minimum).minimum);
+    header->setMinimumSectionSize(std::ranges::min(kColumns, {}, &ColumnLimits::minimum).minimum);
     for (int column = 0; column < ProfileTableModel::columnTotal; ++column)
         setColumnWidth(column, limitsOf(column).ideal);
 }
 
 void ProfileTable::restyle() {
     m_model.restyle();
-    const int text = std::max(QFontMetrics(fontFor(TextStyle::body)).height(),
-                              QFontMetrics(fontFor(TextStyle::body, FontDesign::monospaced)).height());
+    const int text =
+        std::max(QFontMetrics(fontFor(TextStyle::body)).height(),
+                 QFontMetrics(fontFor(TextStyle::body, FontDesign::monospaced)).height());
     verticalHeader()->setMinimumSectionSize(text);
     verticalHeader()->setDefaultSectionSize(text + kRowPadding);
     viewport()->update();

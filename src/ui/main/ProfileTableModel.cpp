@@ -39,8 +39,7 @@ QString cellText(const SSHProfile& profile, int column) {
 // What a screen reader says: bullets and ticks do not read well.
 QString spokenText(const SSHProfile& profile, int column) {
     const QString text = cellText(profile, column);
-    const bool isMark =
-        column == ProfileTableModel::password || column == ProfileTableModel::key;
+    const bool isMark = column == ProfileTableModel::password || column == ProfileTableModel::key;
     return isMark ? (text.isEmpty() ? u"Nicht vorhanden"_qs : u"Vorhanden"_qs) : text;
 }
 
@@ -95,7 +94,8 @@ void ProfileTableModel::assign(std::vector<std::size_t> places) {
     m_places = std::move(places);
     m_ids.clear();
     m_ids.reserve(m_places.size());
-    for (const std::size_t place : m_places) m_ids.push_back(m_view.store.profiles()[place].id);
+    for (const std::size_t place : m_places)
+        m_ids.push_back(m_view.store.profiles()[place].id);
     m_revision = m_view.store.revision();
     m_filter = m_view.categoryFilter;
 }

@@ -19,6 +19,7 @@ constexpr int kScrollStep = 24;
 
 SnippetList::SnippetList(ContentView& view, QWidget* parent)
     : QAbstractScrollArea(parent), m_view(view) {
+    setObjectName(u"commands"_qs);
     setAccessibleName(u"Befehle"_qs);
     setFocusPolicy(Qt::StrongFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -30,31 +31,25 @@ SnippetList::SnippetList(ContentView& view, QWidget* parent)
 
 SnippetList::~SnippetList() = default;
 
-bool SnippetList::isUpToDate() const {
-    return m_shown && m_shown->revision == m_view.snippetStore.revision();
-}
+bool SnippetList::isUpToDate() const { return m_shown.revision == m_view.snippetStore.revision(); }
 
 void SnippetList::refresh() {
-    const SSHProfile* profile = m_view.selectedProfile();
-    const bool isSameProfile =
-        m_shown && (profile ? m_shown->profile == *profile : !m_shown->profile);
-    if (isUpToDate() && m_shown->search == *m_view.snippetSearch && isSameProfile) return;
-    const bool isSameSearch = m_shown && m_shown->search == *m_view.snippetSearch;
-    m_shown = Shown{m_view.snippetStore.revision(), m_view.snippetSearch,
-                    profile ? std::optional(*profile) : std::nullopt};
-    if (!isSameSearch) {
-        m_current = 0;
-        verticalScrollBar()->setValue(0);
-    }
+    Shown wanted{m_view.snippetStore.revision(), m_view.snippetSearch, std::nullopt};
+    if (const SSHProfile* profile = m_view.selectedProfile()) wanted.profile = *profile;
+    if (m_shown == wanted) return;
+    const bool isSameSearch = m_shown.search == wanted.search;
+    m_shown = std::move(wanted);
     m_snippets = m_view.filteredSnippets();
-    m_current = std::min(m_current, m_snippets.empty() ? 0 : m_snippets.size() - 1);
+    const std::size_t last = m_snippets.empty() ? 0 : m_snippets.size() - 1;
+    m_current = isSameSearch ? std::min(m_current, last) : 0;
     layOut();
+    if (!isSameSearch) verticalScrollBar()->setValue(0);
 }
 
 void SnippetList::layOut() {
     if (!isUpToDate()) return; // the refresh that is on its way does it
     m_metrics = std::make_unique<SnippetRowMetrics>(viewport()->width());
-    const SSHProfile* profile = m_shown->profile ? &*m_shown->profile : nullptr;
+    const SSHProfile* profile = m_shown.profile ? &*m_shown.profile : nullptr;
     m_tops.assign(1, 0);
     m_tops.reserve(m_snippets.size() + 1);
     for (const CommandSnippet* snippet : m_snippets)
@@ -74,14 +69,14 @@ void SnippetList::showVisibleRows(Content content) {
     if (!isUpToDate()) return;
     const int scrolled = verticalScrollBar()->value();
     const std::size_t first = rowAt(scrolled);
-    const std::size_t last = std::min(rowAt(scrolled + viewport()->height()) + 1,
-                                      m_snippets.size());
+    const std::size_t last =
+        std::min(rowAt(scrolled + viewport()->height()) + 1, m_snippets.size());
     std::erase_if(m_rows, [&](const auto& entry) {
         const bool isGone = entry.first < first || entry.first >= last;
         if (isGone) m_spareRows.push_back(entry.second);
         return isGone;
     });
-    const SSHProfile* profile = m_shown->profile ? &*m_shown->profile : nullptr;
+    const SSHProfile* profile = m_shown.profile ? &*m_shown.profile : nullptr;
     for (std::size_t place = first; place < last; ++place) {
         const QRect where(0, m_tops[place] - scrolled, viewport()->width(),
                           m_tops[place + 1] - m_tops[place]);
@@ -101,16 +96,27 @@ void SnippetList::showVisibleRows(Content content) {
 }
 
 SnippetRow* SnippetList::takeSpareRow() {
-    if (m_spareRows.empty()) return new SnippetRow(m_view, viewport());
-    SnippetRow* row = m_spareRows.back();
-    m_spareRows.pop_back();
+    if (!m_spareRows.empty()) {
+        SnippetRow* row = m_spareRows.back();
+        m_spareRows.pop_back();
+        return row;
+    }
+    auto* row = new SnippetRow(m_view, viewport());
+    // The keyboard goes on from where the pointer was.
+    connect(row, &SnippetRow::pressed, this, [this, row] {
+        const auto shown = std::ranges::find(m_rows, row, &decltype(m_rows)::value_type::second);
+        if (shown != m_rows.end()) {
+            m_current = shown->first;
+        }
+        markCurrentRow();
+    });
     return row;
 }
 
 void SnippetList::markCurrentRow() {
     for (const auto& [place, row] : m_rows) {
         row->setCurrent(place == m_current);
-        row->setMarked(place == m_current && hasFocus());
+        row->setMarked(place == m_current && m_showsCurrent);
     }
 }
 
@@ -129,6 +135,7 @@ void SnippetList::moveTo(std::ptrdiff_t row) {
 }
 
 void SnippetList::keyPressEvent(QKeyEvent* event) {
+    m_showsCurrent = true;
     const auto current = static_cast<std::ptrdiff_t>(m_current);
     switch (event->key()) {
     case Qt::Key_Up: return moveTo(current - 1);
@@ -138,8 +145,8 @@ void SnippetList::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_PageUp:
     case Qt::Key_PageDown: {
         if (!isUpToDate()) return;
-        const int way = event->key() == Qt::Key_PageUp ? -viewport()->height()
-                                                       : viewport()->height();
+        const int way =
+            event->key() == Qt::Key_PageUp ? -viewport()->height() : viewport()->height();
         return moveTo(static_cast<std::ptrdiff_t>(rowAt(std::max(m_tops[m_current] + way, 0))));
     }
     case Qt::Key_Return:
@@ -161,11 +168,16 @@ void SnippetList::scrollContentsBy(int, int) { showVisibleRows(Content::same); }
 
 void SnippetList::focusInEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusInEvent(event);
-    moveTo(static_cast<std::ptrdiff_t>(m_current));
+    // A click shows well enough where it went.
+    m_showsCurrent = event->reason() != Qt::MouseFocusReason;
+    if (m_showsCurrent) {
+        moveTo(static_cast<std::ptrdiff_t>(m_current));
+    }
 }
 
 void SnippetList::focusOutEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusOutEvent(event);
+    m_showsCurrent = false;
     markCurrentRow();
 }
 

@@ -39,11 +39,15 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    static constexpr auto kNoRevision = ~std::uint64_t{0};
+
     // What the rows were last made from.
     struct Shown {
-        std::uint64_t revision = 0;
+        std::uint64_t revision = kNoRevision;
         std::string search;
         std::optional<SSHProfile> profile;
+
+        friend bool operator==(const Shown&, const Shown&) = default;
     };
 
     void layOut();
@@ -58,13 +62,14 @@ private:
     [[nodiscard]] bool isUpToDate() const;
 
     ContentView& m_view;
-    std::optional<Shown> m_shown;
+    Shown m_shown;
     std::vector<const CommandSnippet*> m_snippets; // valid while isUpToDate()
     std::unique_ptr<SnippetRowMetrics> m_metrics;
-    std::vector<int> m_tops; // of each row, and the bottom of the last
+    std::vector<int> m_tops;                   // of each row, and the bottom of the last
     std::map<std::size_t, SnippetRow*> m_rows; // those that can be seen, by place
     std::vector<SnippetRow*> m_spareRows;
-    std::size_t m_current = 0;
+    std::size_t m_current = 0;   // the row that the keyboard is on
+    bool m_showsCurrent = false; // since the keyboard was used last
 };
 
 } // namespace korvan

@@ -15,8 +15,8 @@ namespace korvan {
 namespace {
 
 constexpr int kLineSpacing = 6;
-constexpr int kPadding = 4;  // above and below
-constexpr int kInset = 8;    // to the left and right
+constexpr int kPadding = 4; // above and below
+constexpr int kInset = 8;   // to the left and right
 constexpr int kButtonSize = 24;
 constexpr int kButtonSpacing = 4;
 constexpr int kMostCommandLines = 2;
@@ -30,7 +30,8 @@ QFont titleFont() {
 QFont commandFont() { return fontFor(TextStyle::caption, FontDesign::monospaced); }
 
 bool isPlainAscii(const std::string& text) {
-    return std::ranges::all_of(text, [](char character) { return character >= ' ' && character < 0x7F; });
+    return std::ranges::all_of(text,
+                               [](char character) { return character >= ' ' && character < 0x7F; });
 }
 
 } // namespace
@@ -63,8 +64,8 @@ int SnippetRowMetrics::heightOf(const CommandSnippet& snippet, const SSHProfile*
 SnippetRow::SnippetRow(ContentView& view, QWidget* parent)
     : QWidget(parent), m_view(view),
       m_title(new ElidedLabel(TextStyle::subheadline, SemanticColor::primary, 1, this)),
-      m_command(new ElidedLabel(TextStyle::caption, SemanticColor::secondary, kMostCommandLines,
-                                this)),
+      m_command(
+          new ElidedLabel(TextStyle::caption, SemanticColor::secondary, kMostCommandLines, this)),
       m_hint(new ElidedLabel(TextStyle::caption2, SemanticColor::secondary, 1, this)),
       m_copyButton(new QPushButton(u"Copy"_qs, this)),
       m_editButton(makeSymbolButton(u"pencil"_qs, u"Bearbeiten"_qs)),
@@ -78,6 +79,9 @@ SnippetRow::SnippetRow(ContentView& view, QWidget* parent)
     connect(m_editButton, &QToolButton::clicked, this, [this] { m_view.editSnippet(m_snippet); });
     connect(m_deleteButton, &QToolButton::clicked, this,
             [this] { m_view.requestDeleteSnippet(m_snippet); });
+    connect(m_copyButton, &QPushButton::pressed, this, &SnippetRow::pressed);
+    connect(m_editButton, &QToolButton::pressed, this, &SnippetRow::pressed);
+    connect(m_deleteButton, &QToolButton::pressed, this, &SnippetRow::pressed);
     setCurrent(false);
 }
 
@@ -132,6 +136,8 @@ void SnippetRow::setMarked(bool isMarked) {
     m_isMarked = isMarked;
     update();
 }
+
+void SnippetRow::mousePressEvent(QMouseEvent*) { Q_EMIT pressed(); }
 
 void SnippetRow::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))

@@ -57,7 +57,12 @@ public:
     // Whether the list shows where the keyboard is.
     void setMarked(bool isMarked);
 
+Q_SIGNALS:
+    // The pointer went down on the row, or on one of its buttons.
+    void pressed();
+
 protected:
+    void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 

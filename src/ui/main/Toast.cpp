@@ -23,7 +23,7 @@ constexpr int kTopPadding = 10;
 constexpr int kMargin = 12; // keeps the note off the window's edges
 constexpr int kCornerRadius = 12;
 constexpr int kSymbolSize = 16;
-constexpr float kBackgroundOpacity = 0.88F;
+constexpr float kBackgroundOpacity = 0.94F;
 
 } // namespace
 
@@ -80,8 +80,8 @@ void Toast::place() {
     const int wanted = m_text->fontMetrics().horizontalAdvance(m_text->text()) + 1 + kSymbolSize +
                        kPartSpacing + 2 * kSidePadding;
     const QSize size(std::min(wanted, area.width()), sizeHint().height());
-    setGeometry(QStyle::alignedRect(layoutDirection(), Qt::AlignHCenter | Qt::AlignBottom, size,
-                                    area));
+    setGeometry(
+        QStyle::alignedRect(layoutDirection(), Qt::AlignHCenter | Qt::AlignBottom, size, area));
 }
 
 bool Toast::eventFilter(QObject* watched, QEvent* event) {

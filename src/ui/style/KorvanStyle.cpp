@@ -8,7 +8,6 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QHeaderView>
-#include <QListView>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -16,7 +15,6 @@
 #include <QStyleOption>
 #include <QTextEdit>
 #include <QToolButton>
-#include <QTreeView>
 #include <algorithm>
 
 namespace korvan {
@@ -33,16 +31,16 @@ constexpr int kComboArrow = 24;
 constexpr int kLeastSlider = 32;
 
 // Frames that are drawn round, like a line edit's.
-bool isField(const QWidget* widget) {
-    return qobject_cast<const QTextEdit*>(widget) || qobject_cast<const QPlainTextEdit*>(widget) ||
-           qobject_cast<const QListView*>(widget) || qobject_cast<const QTreeView*>(widget);
+bool isField(const QWidget* widget) { return qobject_cast<const QAbstractScrollArea*>(widget); }
+
+bool isTextEdit(const QWidget* widget) {
+    return qobject_cast<const QTextEdit*>(widget) || qobject_cast<const QPlainTextEdit*>(widget);
 }
 
 // The frame of a list or a text edit. A list that was clicked has its selection to show for it.
 void drawArea(QPainter& painter, const QStyleOption& option, const QWidget* widget) {
     QStyleOption area = option;
-    if (qobject_cast<const QAbstractItemView*>(widget) &&
-        !option.state.testFlag(QStyle::State_KeyboardFocusChange)) {
+    if (!isTextEdit(widget) && !option.state.testFlag(QStyle::State_KeyboardFocusChange)) {
         area.state &= ~QStyle::State_HasFocus;
     }
     drawField(painter, area);
@@ -183,7 +181,7 @@ int KorvanStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     case PM_ScrollBarSliderMin: return kLeastSlider;
     case PM_ScrollView_ScrollBarSpacing:
     case PM_ScrollView_ScrollBarOverlap: return 0;
-    case PM_SplitterWidth: return 1; // drawn as a hairline; the toolkit widens what can be grabbed
+    case PM_SplitterWidth: // drawn as a hairline; the toolkit widens what can be grabbed
     case PM_MenuPanelWidth: return 1;
     case PM_MenuHMargin:
     case PM_MenuVMargin: return 4;
@@ -201,7 +199,7 @@ int KorvanStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWi
                            QStyleHintReturn* data) const {
     switch (hint) {
     case SH_Widget_Animation_Duration:
-    case SH_Widget_Animate: return 0;
+    case SH_Widget_Animate:
     case SH_ComboBox_Popup: return 0; // a list below the box, not a menu over it
     case SH_ComboBox_PopupFrameStyle: return static_cast<int>(QFrame::StyledPanel) | QFrame::Plain;
     case SH_DialogButtonBox_ButtonsHaveIcons:

@@ -45,10 +45,10 @@ public:
     QSize actualSize(const QSize& size, QIcon::Mode, QIcon::State) override { return size; }
     bool isNull() override { return !m_renderer->isValid(); }
     QString iconName() override { return {}; }
-    QIconEngine* clone() const override { return new SymbolEngine(*this); }
+    [[nodiscard]] QIconEngine* clone() const override { return new SymbolEngine(*this); }
 
 private:
-    QPixmap drawing(const QSize& size, QIcon::Mode mode) const {
+    [[nodiscard]] QPixmap drawing(const QSize& size, QIcon::Mode mode) const {
         const auto color = tint(mode);
         const auto key = QStringLiteral("korvan:%1:%2:%3x%4")
                              .arg(m_path, color.name(QColor::HexArgb))
@@ -70,7 +70,7 @@ private:
     }
 
     // Asked at every painting, so that an icon outlives a change of the palette.
-    QColor tint(QIcon::Mode mode) const {
+    [[nodiscard]] QColor tint(QIcon::Mode mode) const {
         auto palette = QGuiApplication::palette();
         palette.setCurrentColorGroup(mode == QIcon::Disabled ? QPalette::Disabled
                                                              : QPalette::Active);

@@ -58,15 +58,11 @@ protected:
     sqlite3* m_other = nullptr;
 };
 
-pid_t startChild(const std::function<bool()>& work) {
+// Starts `work` in a process of its own; the answer waits for its end.
+std::function<bool()> inChild(const std::function<bool()>& work) {
     const pid_t child = ::fork();
     if (child == 0) ::_exit(work() ? 0 : 1);
-    return child;
-}
-
-bool wentWell(pid_t child) {
-    int status = -1;
-    return ::waitpid(child, &status, 0) == child && status == 0;
+    return [child, status = -1]() mutable { return ::waitpid(child, &status, 0) > 0 && !status; };
 }
 
 TEST_F(SqliteStore, KeepsThreePrivateListsFromTheFirstStartOn) {
@@ -141,19 +137,21 @@ TEST_F(SqliteStore, LeavesADatabaseThatItCannotUseAsItWas) {
 
 TEST_F(SqliteStore, ReadsADatabaseThatItMayNotWrite) {
     ASSERT_TRUE(SqliteKeyValueStore(m_path).setData(kProfiles, "[]"));
-    const fs::path folder = m_path.parent_path();
-    fs::permissions(m_path, fs::perms(0444));
-    for (const auto& above : {folder, folder.parent_path(), m_folder.path()})
-        fs::permissions(above, fs::perms(0555));
+    const auto setMode = [](const fs::path& path, int mode) {
+        fs::permissions(path, static_cast<fs::perms>(mode));
+    };
+    setMode(m_path, 0444);
+    setMode(m_path.parent_path(), 0555);
+    setMode(m_path.parent_path().parent_path(), 0755);
+    setMode(m_folder.path(), 0755);
     const auto before = files();
-    EXPECT_TRUE(wentWell(startChild([&] {
+    EXPECT_TRUE(inChild([&] {
         if (::getuid() == 0 && ::setuid(65534) != 0) return false; // root may write everything
         const auto set = m_store.setData("another key", "");
         return m_store.dataForKey(kProfiles) == "[]" && !set && set.error().code == SQLITE_READONLY;
-    })));
+    })());
     EXPECT_TRUE(files() == before);
-    for (const auto& above : {folder, folder.parent_path(), m_folder.path()})
-        fs::permissions(above, fs::perms(0755));
+    setMode(m_path.parent_path(), 0755);
 }
 
 TEST_F(SqliteStore, SharesItsFileWithAnotherWindowAndNoticesANewOne) {

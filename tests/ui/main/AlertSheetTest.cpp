@@ -3,6 +3,7 @@
 
 #include "support/Widgets.h"
 
+#include <QScrollBar>
 #include <QTextEdit>
 #include <gtest/gtest.h>
 
@@ -46,6 +47,10 @@ TEST(AlertSheet, ShowsAnyMessageAsPlainTextWithinItsSize) {
     const auto* message = shown(sheet).findChild<QTextEdit*>();
     EXPECT_EQ(message->toPlainText(), "<b>kein</b> Platz");
     const int height = sheet.height();
+    sheet.setMessage(
+        QStringLiteral("Zwei Zeilen sind nichts, was gerollt werden müsste. ").repeated(2));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return sheet.height() > height; }));
+    EXPECT_FALSE(message->verticalScrollBar()->isVisible());
     sheet.setMessage(QString(5000, u'x'));
     EXPECT_TRUE(QTest::qWaitFor([&] { return sheet.height() > height; }));
     EXPECT_LT(sheet.height(), 500);

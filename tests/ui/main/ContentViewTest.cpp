@@ -9,7 +9,6 @@
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
-#include <unordered_set>
 
 namespace korvan {
 
@@ -65,24 +64,9 @@ protected:
     ContentView& view = *window.view;
 };
 
-using CategoryFilterTest = ContentViewTest;
 using BackupActions = ContentViewTest;
 
 } // namespace
-
-TEST_F(ContentViewTest, BeginsWithTheCommandPanelAndNothingElse) {
-    EXPECT_TRUE(view.showSnippets);
-    EXPECT_EQ(*view.categoryFilter, CategoryFilter::all());
-    for (const auto* flag :
-         {&view.showEditor, &view.showDeleteConfirm, &view.showCategoryEditor,
-          &view.showCategoryDeleteConfirm, &view.showSnippetEditor, &view.showSnippetDeleteConfirm,
-          &view.showError, &view.showCopiedToast, &view.showImportConfirm, &view.showAbout})
-        EXPECT_FALSE(**flag);
-    view.toggleSnippets();
-    view.openAbout();
-    EXPECT_FALSE(view.showSnippets);
-    EXPECT_TRUE(view.showAbout);
-}
 
 TEST_F(ContentViewTest, DoesNothingWithoutASelectedProfile) {
     for (const auto& selection :
@@ -248,7 +232,7 @@ TEST_F(ContentViewTest, LeavesAnotherFilterAndACancelledCategoryAlone) {
     EXPECT_EQ(*view.categoryFilter, CategoryFilter::uncategorized());
 }
 
-TEST_F(CategoryFilterTest, ShowsItsProfilesAndUnselectsTheOthers) {
+TEST_F(ContentViewTest, UnselectsTheProfilesThatAFilterHides) {
     view.selection = ProfileSelection{exampleId(13), exampleId(99), exampleId(12), exampleId(11)};
     view.chooseCategoryFilter(CategoryFilter::category(exampleCategory().id));
     EXPECT_EQ(view.filteredProfiles(), (std::vector<std::size_t>{0, 1}));
@@ -259,13 +243,6 @@ TEST_F(CategoryFilterTest, ShowsItsProfilesAndUnselectsTheOthers) {
     view.chooseCategoryFilter(CategoryFilter::all());
     EXPECT_EQ(view.filteredProfiles().size(), 3U);
     EXPECT_TRUE(window.memory.writtenKeys.empty());
-}
-
-TEST_F(CategoryFilterTest, EqualsByCaseAndId) {
-    const std::unordered_set<CategoryFilter> filters = {
-        CategoryFilter::all(), CategoryFilter::uncategorized(), CategoryFilter::category(Uuid()),
-        CategoryFilter::category(exampleId(1)), CategoryFilter::category(exampleId(1))};
-    EXPECT_EQ(filters.size(), 4U);
 }
 
 TEST_F(ContentViewTest, FiltersCommandsByTitleTemplateAndHintInStoreOrder) {
@@ -337,19 +314,14 @@ TEST_F(ContentViewTest, MayEndBeforeTheWorkThatWasPutOff) {
     SUCCEED() << "neither reached into the window that is gone";
 }
 
-TEST_F(ContentViewTest, HasTheTextInPlaceWhenItShowsAnErrorOrADialog) {
+TEST_F(ContentViewTest, HasTheTextInPlaceWhenItShowsAnError) {
     std::vector<std::string> seen;
     const Subscription subscription = view.observe([&] {
         if (view.showError) seen.push_back(view.errorText);
-        if (view.showDeleteConfirm && *view.deleteCandidate) seen.emplace_back("Profil");
     });
     window.desktop.workspace.accepts = false;
     view.connect(exampleProfile(11));
     EXPECT_EQ(seen, std::vector<std::string>{"Terminal konnte das Script nicht öffnen."});
-    view.showError = false;
-    view.selectProfile(exampleProfile(11));
-    view.requestDeleteProfile();
-    EXPECT_EQ(seen.back(), "Profil");
 }
 
 TEST_F(BackupActions, ExportTheStoresAndNameTheToast) {

@@ -60,6 +60,7 @@ TEST_F(PresentationsTest, RunTheActionThatTheUserChose) {
     state.store.replaceAll({exampleProfile()});
     state.selectProfile(exampleProfile());
     state.requestDeleteProfile();
+    EXPECT_EQ(dialog()->accessibleDescription(), "„Drucker \"Süd\"“ wird entfernt.");
     dialog()->close();
     EXPECT_EQ(*state.deleteCandidate, std::nullopt);
     EXPECT_EQ(state.store.profiles().size(), 1U);
@@ -68,6 +69,12 @@ TEST_F(PresentationsTest, RunTheActionThatTheUserChose) {
     click(buttonOf(*dialog(), "Löschen"));
     EXPECT_TRUE(state.store.profiles().empty());
     EXPECT_EQ(dialog(), nullptr);
+
+    state.requestDeleteCategory(exampleCategory());
+    EXPECT_EQ(dialog()->accessibleDescription(),
+              "„Büro“ wird gelöscht. Betroffene Profile werden auf „Ohne Kategorie“ gesetzt.");
+    QTest::keyClick(dialog(), Qt::Key_Escape);
+    EXPECT_EQ(*state.deleteCategoryCandidate, std::nullopt);
 
     state.pendingImportBackup = exampleBackup();
     state.showImportConfirm = true;
