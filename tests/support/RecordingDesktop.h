@@ -50,13 +50,9 @@ public:
 class PreparedFilePanels final : public FilePanels {
 public:
     std::optional<std::string> answer;
-    SavePanel savePanel;
     OpenPanel openPanel;
 
-    std::optional<std::string> runSavePanel(const SavePanel& panel) override {
-        savePanel = panel;
-        return answer;
-    }
+    std::optional<std::string> runSavePanel(const SavePanel&) override { return answer; }
     std::optional<std::string> runOpenPanel(const OpenPanel& panel) override {
         openPanel = panel;
         return answer;

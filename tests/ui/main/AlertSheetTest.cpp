@@ -13,38 +13,32 @@ namespace {
 
 using Role = AlertSheet::Role;
 
-AlertSheet& shown(AlertSheet& sheet) {
-    activate(sheet);
-    return sheet;
-}
-
 } // namespace
 
-TEST(AlertSheet, NeverDestroysOnReturn) {
-    for (const auto& [focused, key] :
-         {std::pair("Löschen", Qt::Key_Return), std::pair("Abbrechen", Qt::Key_Return),
-          std::pair("Löschen", Qt::Key_Enter), std::pair("Löschen", Qt::Key_Escape)}) {
+TEST(AlertSheet, DestroysWhenAskedToAndNeverOnReturn) {
+    const std::tuple<const char*, Qt::Key, int> cases[] = {
+        {"Löschen", Qt::Key_Return, QDialog::Rejected},
+        {"Abbrechen", Qt::Key_Return, QDialog::Rejected},
+        {"Löschen", Qt::Key_Enter, QDialog::Rejected},
+        {"Löschen", Qt::Key_Escape, QDialog::Rejected},
+        {"Löschen", Qt::Key_Space, QDialog::Accepted}};
+    for (const auto& [focused, key, result] : cases) {
         AlertSheet sheet("Titel", "Text",
                          {{"Löschen", Role::destructive}, {"Abbrechen", Role::cancel}}, nullptr);
-        sheet.setResult(QDialog::Accepted);
-        QAbstractButton* button = buttonOf(shown(sheet), focused);
+        sheet.setResult(-1);
+        activate(sheet);
+        QAbstractButton* button = buttonOf(sheet, focused);
         button->setFocus();
         QTest::keyClick(button, key);
         EXPECT_FALSE(sheet.isVisible());
-        EXPECT_EQ(sheet.result(), QDialog::Rejected);
+        EXPECT_EQ(sheet.result(), result) << focused << key;
     }
-}
-
-TEST(AlertSheet, DestroysWhenAskedTo) {
-    AlertSheet sheet("Titel", "Text", {{"Löschen", Role::destructive}, {"Abbrechen", Role::cancel}},
-                     nullptr);
-    QTest::keyClick(buttonOf(shown(sheet), "Löschen"), Qt::Key_Space);
-    EXPECT_EQ(sheet.result(), QDialog::Accepted);
 }
 
 TEST(AlertSheet, ShowsAnyMessageAsPlainTextWithinItsSize) {
     AlertSheet sheet("Fehler", "<b>kein</b> Platz", {{"OK", Role::standard}}, nullptr);
-    const auto* message = shown(sheet).findChild<QTextEdit*>();
+    activate(sheet);
+    const auto* message = sheet.findChild<QTextEdit*>();
     EXPECT_EQ(message->toPlainText(), "<b>kein</b> Platz");
     const int height = sheet.height();
     sheet.setMessage(
