@@ -30,7 +30,6 @@ protected:
 
     QLineEdit* field(std::string_view name) { return named<QLineEdit>(*sheet, name); }
     static void press(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
-    static void type(const char* text) { QTest::keyClicks(QApplication::focusWidget(), text); }
 
     PreparedFilePanels filePanels;
     std::unique_ptr<ProfileEditorSheet> sheet;
@@ -48,21 +47,15 @@ std::string spokenName(QWidget* widget) {
 } // namespace
 
 TEST_F(ProfileEditorSheetTest, FollowsTheTypingWithItsTitleAndSavesOnReturnOnce) {
-    QDialog& dialog = open(SSHProfile());
+    QDialog& dialog = open(with(exampleProfile(), &SSHProfile::name, ""));
     EXPECT_EQ(dialog.width(), 740);
     EXPECT_EQ(dialog.windowTitle(), "Neues SSH Profil");
-    type("web");
+    QTest::keyClicks(QApplication::focusWidget(), "web");
     EXPECT_EQ(dialog.windowTitle(), "SSH Profil bearbeiten");
-    press(Qt::Key_Tab);
-    type("10.0.0.1");
-    press(Qt::Key_Tab);
-    type("root");
     press(Qt::Key_Return);
     QTest::keyClick(&dialog, Qt::Key_Return);
     QTest::keyClick(&dialog, Qt::Key_Escape);
-    ASSERT_EQ(saved.size(), 1U);
-    EXPECT_EQ(saved[0].name + "|" + saved[0].host + "|" + saved[0].user, "web|10.0.0.1|root");
-    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_EQ(saved, std::vector{with(exampleProfile(), &SSHProfile::name, "web")});
     EXPECT_EQ(cancels, 0);
 }
 
@@ -72,7 +65,6 @@ TEST_F(ProfileEditorSheetTest, StaysOpenWithTheMessageOfAFailedSave) {
     field("Port")->selectAll();
     QTest::keyClicks(field("Port"), "22x");
     press(Qt::Key_Return);
-    EXPECT_TRUE(saved.empty());
     EXPECT_EQ(field("Port")->text(), "22x");
     EXPECT_TRUE(QTest::qWaitFor([&] { return dialog.height() > height; }));
     const auto labels = dialog.findChildren<QLabel*>();
@@ -81,7 +73,7 @@ TEST_F(ProfileEditorSheetTest, StaysOpenWithTheMessageOfAFailedSave) {
     }));
     press(Qt::Key_Escape);
     EXPECT_EQ(cancels, 1);
-    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_FALSE(dialog.isVisible() || !saved.empty());
 }
 
 TEST_F(ProfileEditorSheetTest, WalksInReadingOrder) {
@@ -102,15 +94,11 @@ TEST_F(ProfileEditorSheetTest, HandsBackUnchangedWhatNobodyEdited) {
     open(draft);
     EXPECT_EQ(named<QComboBox>(*sheet, "Kategorie")->currentText(), "");
     click(buttonOf(*sheet, "Speichern"));
-    EXPECT_EQ(saved, std::vector{draft});
-}
-
-TEST_F(ProfileEditorSheetTest, PicksACategory) {
-    open(with(exampleProfile(), &SSHProfile::categoryId, exampleId(99)));
-    auto* picker = named<QComboBox>(*sheet, "Kategorie");
-    QTest::keyClick(picker, Qt::Key_End);
+    open(draft);
+    QTest::keyClick(named<QComboBox>(*sheet, "Kategorie"), Qt::Key_End);
     click(buttonOf(*sheet, "Speichern"));
-    EXPECT_EQ(saved, std::vector{exampleProfile()});
+    const auto categorized = with(draft, &SSHProfile::categoryId, exampleCategory().id);
+    EXPECT_EQ(saved, (std::vector{draft, categorized}));
 }
 
 TEST_F(ProfileEditorSheetTest, ShowsAndHidesThePasswordInPlace) {
@@ -130,9 +118,12 @@ TEST_F(ProfileEditorSheetTest, ShowsTheKeyFileThatIsChosen) {
     EXPECT_FALSE(buttonOf(*sheet, "Key entfernen")->isEnabled());
     filePanels.answer = " ";
     click(buttonOf(*sheet, "Auswählen…"));
+    filePanels.answer = std::nullopt; // cancelled
+    click(buttonOf(*sheet, "Auswählen…"));
     EXPECT_EQ(field("Key-Datei")->text(), " ");
     click(buttonOf(*sheet, "Key entfernen"));
     EXPECT_EQ(field("Key-Datei")->text(), "");
+    EXPECT_TRUE(filePanels.openPanel.fileTypes.empty());
 }
 
 } // namespace korvan

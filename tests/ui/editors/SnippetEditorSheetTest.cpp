@@ -48,15 +48,13 @@ TEST_F(SnippetEditorSheetTest, KeepsLineBreaksThatAreTypedAndLeavesTheTemplateBy
 
 TEST_F(SnippetEditorSheetTest, HandsBackUnchangedWhatNobodyEdited) {
     const std::string odd = "a\r\nb\rc\u2028d\u2029e\u00a0f" + std::string("\0g", 2);
-    open(odd);
-    click(buttonOf(*sheet, "Speichern"));
-    EXPECT_EQ(saved, odd);
-
-    QPlainTextEdit& editor = open(odd);
-    QTest::keyClick(&editor, Qt::Key_X);
-    editor.undo();
-    click(buttonOf(*sheet, "Speichern"));
-    EXPECT_EQ(saved, odd);
+    for (int time = 0; time < 2; ++time) {
+        QPlainTextEdit& editor = open(odd);
+        if (time == 1) QTest::keyClick(&editor, Qt::Key_X);
+        editor.undo();
+        click(buttonOf(*sheet, "Speichern"));
+        EXPECT_EQ(saved, odd);
+    }
 }
 
 } // namespace korvan
