@@ -16,7 +16,6 @@ namespace korvan {
 class MemoryKeyValueStore final : public KeyValueStore {
 public:
     std::map<std::string, std::string, std::less<>> values;
-    std::set<std::string, std::less<>> keysOfOtherTypes; // whose value is no data value
     std::vector<std::string> preserved;
     std::vector<std::string> writtenKeys; // of the writes that succeeded, in their order
     bool readingFails = false;
@@ -31,7 +30,7 @@ public:
         }
         m_unreadKeys.erase(std::string(key));
         const auto found = values.find(key);
-        if (found == values.end() || keysOfOtherTypes.contains(key)) return std::nullopt;
+        if (found == values.end()) return std::nullopt;
         return found->second;
     }
 
@@ -39,7 +38,6 @@ public:
         if (writingFails || m_unreadKeys.contains(std::string(key)))
             return failure("Memory", 2, "kein Platz");
         values[std::string(key)] = data;
-        keysOfOtherTypes.erase(std::string(key));
         writtenKeys.emplace_back(key);
         onWrite();
         return {};
