@@ -46,8 +46,7 @@ const std::string kText = R"({
 
 // The example as the older version wrote it.
 std::string olderText() {
-    const std::size_t end = kText.find("\"createdAt");
-    const std::string text = "{" + kText.substr(end);
+    const std::string text = "{" + kText.substr(kText.find("\"createdAt"));
     return replaced(text, "\"version\" : 2", "\"version\" : 1");
 }
 
@@ -65,21 +64,11 @@ std::int64_t errorCode(const std::string& bytes) {
 
 } // namespace
 
-TEST(KorvanBackup, IsWrittenPrettyWithSortedKeys) {
+TEST(KorvanBackup, IsWrittenPrettyWithSortedKeysAndReadAgain) {
     EXPECT_EQ(writeBackup(exampleBackup()), kText);
-}
-
-TEST(KorvanBackup, ReadsBackWhatItWrote) {
-    const KorvanBackup written =
-        makeBackup({exampleProfile(1), exampleProfile(7)}, defaultSnippets(),
-                   {exampleCategory(8), exampleCategory(2)}, std::chrono::system_clock::now());
-    const KorvanBackup read = readBackup(writeBackup(written), {}).value();
-    EXPECT_EQ(read.version, 2);
-    EXPECT_EQ(read.createdAtISO8601, written.createdAtISO8601);
-    EXPECT_EQ(read.profiles, written.profiles);
-    EXPECT_EQ(read.snippets, written.snippets);
-    EXPECT_EQ(read.categories, written.categories);
-    EXPECT_TRUE(readBackup(writeBackup(makeBackup({}, {}, {}, {})), {}).value().profiles.empty());
+    EXPECT_EQ(writeBackup(readBackup(kText, {}).value()), kText);
+    const std::string empty = writeBackup(makeBackup({}, {}, {}, {}));
+    EXPECT_EQ(writeBackup(readBackup(empty, {}).value()), empty);
 }
 
 TEST(KorvanBackup, WritesItsTimeInUtcToTheWholeSecondThatHasBegun) {
@@ -95,10 +84,7 @@ TEST(KorvanBackup, WritesItsTimeInUtcToTheWholeSecondThatHasBegun) {
 }
 
 TEST(KorvanBackup, TellsAnotherFormatFromADamagedFile) {
-    const struct {
-        std::string part, by;
-        std::int64_t code;
-    } cases[] = {
+    const std::tuple<std::string, std::string, std::int64_t> cases[] = {
         {"\"version\" : 2", "\"version\" : 3", 1},
         {"\"version\" : 2", "\"version\" : 1", 1},
         {"lumera.Korvan", "lumera.korvan", 1},
@@ -119,12 +105,9 @@ TEST(KorvanBackup, TellsAnotherFormatFromADamagedFile) {
 
 TEST(KorvanBackup, GivesTheOlderVersionTheCurrentCategories) {
     const std::vector<SSHCategory> current = {exampleCategory(8), exampleCategory(9)};
-    const KorvanBackup backup = readBackup(olderText(), current).value();
-    EXPECT_EQ(backup.version, 2);
-    EXPECT_EQ(backup.createdAtISO8601, "2001-09-09T01:46:40Z");
-    EXPECT_EQ(backup.profiles, std::vector{exampleProfile()});
-    EXPECT_EQ(backup.snippets, std::vector{exampleSnippet()});
-    EXPECT_EQ(backup.categories, current);
+    KorvanBackup backup = exampleBackup();
+    backup.categories = current;
+    EXPECT_EQ(writeBackup(readBackup(olderText(), current).value()), writeBackup(backup));
     EXPECT_EQ(readBackup(olderText(), {}).value().categories, std::vector{defaultCategory()});
     EXPECT_EQ(errorCode(replaced(olderText(), "lumera", "lumen")), 1);
 }

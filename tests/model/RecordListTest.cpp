@@ -18,6 +18,7 @@ const std::string kProfileJson =
 // The JSON string that `text` is written as, with its quotes.
 std::string written(std::string text) {
     const std::string json = encodeList<SSHCategory>({{exampleId(1), std::move(text)}});
+    EXPECT_EQ(encodeList(decodeList<SSHCategory>(json, "").value()), json) << "is read again";
     const std::size_t start = json.find("name") + 6;
     return json.substr(start, json.size() - start - 2);
 }
@@ -72,30 +73,19 @@ TEST(RecordList, ReplacesEachByteThatIsNotUtf8) {
     EXPECT_EQ(written("\xf4\x8f\xbf\xbf"), "\"\xf4\x8f\xbf\xbf\"") << "the last character";
 }
 
-TEST(RecordList, ReadsAnyTextThatItWrote) {
-    SSHProfile profile = exampleProfile();
-    for (char character = 0; character < 127; ++character)
-        profile.password += character;
-    profile.password += "äöü 힣 😀 \u2028";
-    profile.port = std::numeric_limits<std::int64_t>::min();
-    const std::vector<SSHProfile> written(100, profile);
-    const auto read = decodeList<SSHProfile>(encodeList(written), "profiles").value();
-    EXPECT_EQ(read.at(99).password, profile.password);
-    EXPECT_EQ(read, written);
-}
-
 TEST(RecordList, IsReadWhateverTheLetterCaseOrderAndUnknownKeys) {
-    EXPECT_EQ(rewritten(replaced(kProfileJson, "0A0B0C0D", "0a0b0c0d")), kProfileJson);
-    EXPECT_EQ(rewritten(replaced(kProfileJson, R"(\/Users\/)", "/Users/")), kProfileJson);
-    EXPECT_EQ(rewritten(replaced(kProfileJson, R"("port":2222)", R"("x":[{}],"port" : 2222 )")),
-              kProfileJson);
-    EXPECT_EQ(
-        rewritten(replaced(replaced(kProfileJson, R"("user":"pi",)", ""), "{", R"({"user":"pi",)")),
-        kProfileJson);
+    const std::pair<std::string, std::string> cases[] = {
+        {"0A0B0C0D", "0a0b0c0d"},
+        {R"(\/Users\/)", "/Users/"},
+        {R"("port":2222)", R"("x":[{}],"port" : 2222 )"},
+        {R"("user":"pi","port":2222)", R"("port":2222,"user":"pi")"},
+    };
+    for (const auto& [part, by] : cases)
+        EXPECT_EQ(rewritten(replaced(kProfileJson, part, by)), kProfileJson);
     const std::string tail = R"(,"categoryId":"0A0B0C0D-0000-4000-8000-000000000002"})";
     EXPECT_EQ(rewritten(replaced(kProfileJson, tail, R"(,"categoryId":null})")),
               replaced(kProfileJson, tail, "}"));
-    for (const std::string port : {"70000", "-1", "9223372036854775807", "-9223372036854775808"}) {
+    for (const std::string port : {"-1", "9223372036854775807", "-9223372036854775808"}) {
         const std::string json = replaced(kProfileJson, "2222", port);
         EXPECT_EQ(rewritten(json), json);
     }
@@ -103,14 +93,10 @@ TEST(RecordList, IsReadWhateverTheLetterCaseOrderAndUnknownKeys) {
 }
 
 TEST(RecordList, NamesPlaceAndKeyOfWhatItCannotRead) {
-    const struct {
-        std::string part, by, error;
-    } cases[] = {
+    const std::array<std::string, 3> cases[] = {
         {R"("host":"10.0.0.7",)", "", "host: required key is missing"},
         {R"("password":"geheim",)", "", "password: required key is missing"},
-        {R"("extraArgs":"-o StrictHostKeyChecking=no",)", "", "extraArgs: required key is missing"},
         {R"("10.0.0.7")", "null", "host: expected a string"},
-        {R"("geheim")", "true", "password: expected a string"},
         {"2222", R"("2222")", "port: expected an integer of 64 bits"},
         {"2222", "22.5", "port: expected an integer of 64 bits"},
         {"2222", "9223372036854775808", "port: expected an integer of 64 bits"},

@@ -6,23 +6,14 @@
 
 namespace korvan {
 
-TEST(SSHProfile, EqualsAnotherOnlyWhenAllNineFieldsAreEqual) {
+TEST(SSHProfile, DiffersFromAnotherInAnyKindOfField) {
     const SSHProfile profile = exampleProfile();
     EXPECT_EQ(profile, exampleProfile());
-    const SSHProfile others[] = {
-        with(profile, &SSHProfile::id, exampleId(9)),
-        with(profile, &SSHProfile::name, "x"),
-        with(profile, &SSHProfile::host, "x"),
-        with(profile, &SSHProfile::user, "x"),
-        with(profile, &SSHProfile::port, 23),
-        with(profile, &SSHProfile::identityFile, "x"),
-        with(profile, &SSHProfile::password, "x"),
-        with(profile, &SSHProfile::extraArgs, "x"),
-        with(profile, &SSHProfile::categoryId, std::nullopt),
-        with(profile, &SSHProfile::categoryId, exampleId(9)),
-    };
-    for (const SSHProfile& other : others)
-        EXPECT_NE(profile, other);
+    EXPECT_NE(profile, with(profile, &SSHProfile::id, exampleId(9)));
+    EXPECT_NE(profile, with(profile, &SSHProfile::password, "x"));
+    EXPECT_NE(profile, with(profile, &SSHProfile::port, 23));
+    EXPECT_NE(profile, with(profile, &SSHProfile::categoryId, std::nullopt));
+    EXPECT_NE(profile, with(profile, &SSHProfile::categoryId, exampleId(9)));
 }
 
 TEST(SSHCategory, IsTheSameHoweverItsAccentsAreComposed) {
@@ -40,7 +31,6 @@ TEST(SSHCategory, IsTheSameHoweverItsAccentsAreComposed) {
 
 TEST(Uuid, IsRandomOfVersionFourAndWrittenInUpperCase) {
     const std::string text = Uuid::random().text();
-    EXPECT_EQ(text.size(), 36U);
     EXPECT_EQ(text.find_first_of("abcdef"), std::string::npos);
     EXPECT_EQ(text[14], '4');
     EXPECT_NE(std::string("89AB").find(text[19]), std::string::npos);
