@@ -5,7 +5,7 @@
 #include "support/TemporaryFolder.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
+#include <QTest>
 #include <gtest/gtest.h>
 #include <pty.h>
 #include <sys/wait.h>
@@ -15,15 +15,7 @@ namespace korvan {
 namespace {
 
 namespace fs = std::filesystem;
-
-bool happens(const std::function<bool()>& condition, int milliseconds = 5000) {
-    QElapsedTimer timer;
-    for (timer.start(); timer.elapsed() < milliseconds; ::usleep(2000)) {
-        QCoreApplication::processEvents();
-        if (condition()) return true;
-    }
-    return false;
-}
+using QTest::qWaitFor;
 
 // A desktop whose only terminals are small scripts of the test's own.
 class Workspaces : public testing::Test {
@@ -71,12 +63,12 @@ TEST_F(Workspaces, HandEachTerminalTwoPlainWordsInItsOwnForm) {
                                               "; do [ \"$1\" = $option ] || exit 1; shift; done\n"
                                               "eval exec $*");
         ASSERT_TRUE(open()) << form;
-        ASSERT_TRUE(happens([&] { return textOf(trace).ends_with("\n"); })) << form;
+        ASSERT_TRUE(qWaitFor([&] { return textOf(trace).ends_with("\n"); })) << form;
         EXPECT_EQ(textOf(trace), "1 " + (folder.path() / "script\n").string());
         fs::remove(trace);
         fs::remove(terminal);
     }
-    EXPECT_FALSE(happens([&] { return refusals > 0; }, 100));
+    EXPECT_FALSE(qWaitFor([&] { return refusals > 0; }, 100));
 }
 
 TEST_F(Workspaces, PreferTheUsersTerminalThenTheSystemsThenTheDesktops) {
@@ -109,21 +101,21 @@ TEST_F(Workspaces, GoOnToTheNextTerminalAfterAnEarlyFailureOnly) {
     program("bin/konsole", "echo 2" + note + "; kill -9 $$");
     const std::string last = program("bin/xterm", "echo 3" + note + "; /bin/sleep 0.5; exit 1");
     ASSERT_TRUE(open());
-    ASSERT_TRUE(happens([&] { return textOf(trace) == "1\n2\n3\n"; })) << textOf(trace);
+    ASSERT_TRUE(qWaitFor([&] { return textOf(trace) == "1\n2\n3\n"; })) << textOf(trace);
     siginfo_t child{};
     const auto hasChild = [&] {
         return ::waitid(P_ALL, 0, &child, WEXITED | WNOHANG | WNOWAIT) == 0;
     };
     EXPECT_TRUE(hasChild());
-    EXPECT_TRUE(happens([&] { return !hasChild(); })) << "a zombie stays";
+    EXPECT_TRUE(qWaitFor([&] { return !hasChild(); })) << "a zombie stays";
     EXPECT_EQ(refusals, 0) << "a late failure is not the terminal's";
 
     fs::remove(last);
     ASSERT_TRUE(open()) << "the answer does not wait";
-    EXPECT_TRUE(happens([&] { return refusals > 0; }));
+    EXPECT_TRUE(qWaitFor([&] { return refusals > 0; }));
     ASSERT_TRUE(open());
     workspace.reset();
-    EXPECT_FALSE(happens([&] { return refusals > 1; }, 400)) << "told twice, or by the dead";
+    EXPECT_FALSE(qWaitFor([&] { return refusals > 1; }, 400)) << "told twice, or by the dead";
 }
 
 TEST_F(Workspaces, AnswerNoWhereATerminalWouldFailSilently) {
