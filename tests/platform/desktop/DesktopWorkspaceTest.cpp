@@ -63,7 +63,7 @@ TEST_F(Workspaces, HandEachTerminalTwoPlainWordsInItsOwnForm) {
     for (const std::string form :
          {"xdg-terminal-exec", "x-terminal-emulator -e", "gnome-terminal --", "konsole -e",
           "xfce4-terminal -x", "mate-terminal -x", "lxterminal -e", "tilix -e", "terminator -x",
-          "qterminal -e", "sakura -x", "xterm -e", "kitty", "alacritty -e", "foot",
+          "qterminal -e", "sakura -e", "xterm -e", "kitty", "alacritty -e", "foot",
           "wezterm start --"}) {
         const auto end = std::min(form.find(' '), form.size());
         // Takes its options and then words that a shell may take apart again, as some do.

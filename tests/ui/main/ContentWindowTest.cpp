@@ -7,6 +7,7 @@
 #include "support/MemoryKeyValueStore.h"
 #include "support/RecordingDesktop.h"
 #include "support/Widgets.h"
+#include "ui/main/CommandDatabasePanel.h"
 #include "ui/main/ProfileTable.h"
 #include "ui/main/SnippetRow.h"
 
@@ -187,14 +188,23 @@ TEST_F(ContentWindowTest, SearchesAndCopiesWithFewRowsForManyCommands) {
     EXPECT_EQ(desktop.clipboard.texts.size(), 2U);
 }
 
-TEST_F(ContentWindowTest, NeverNeedsMoreThanTheLeastWidth) {
+TEST_F(ContentWindowTest, KeepsItsRegionsApartDownToTheLeastWidth) {
+    window.resize(0, 0);
+    settle();
+    EXPECT_EQ(table().width(), 520);
+    const auto* panel = window.findChild<CommandDatabasePanel*>();
+    EXPECT_GE(panel->width(), 340);
+    EXPECT_GT(panel->mapTo(&window, QPoint()).x(), table().mapTo(&window, QPoint()).x() + 519);
+
     click(buttonOf(window, "Befehle aus"));
     settle();
     EXPECT_FALSE(state.showSnippets);
     EXPECT_NE(buttonOf(window, "Befehle ein"), nullptr);
-    window.resize(0, 0);
-    settle();
-    EXPECT_EQ(window.width(), 980);
+    const auto shrinksToTheLeast = [&] {
+        window.resize(0, 0);
+        return window.width() == 980;
+    };
+    EXPECT_TRUE(QTest::qWaitFor(shrinksToTheLeast, 2000));
     EXPECT_NE(named<QAbstractButton>(window, "Über"), nullptr); // without its label
 }
 
