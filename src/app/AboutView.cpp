@@ -59,7 +59,6 @@ Label* makeText(const QString& text, TextStyle style,
 
 AboutView::AboutView(const BundleInformation& bundle, QWidget* parent) : QDialog(parent) {
     setWindowTitle(QStringLiteral("Über Korvan"));
-    setFixedSize(kSize);
     const auto secondary = [](const QString& text) {
         return makeText(text, TextStyle::body, SemanticColor::secondary);
     };
@@ -94,6 +93,9 @@ AboutView::AboutView(const BundleInformation& bundle, QWidget* parent) : QDialog
     frame->addStretch();
     frame->addLayout(column);
     frame->addStretch();
+    // Where the desktop's text is so large that it does not fit, better a higher sheet than rows
+    // one over the other.
+    setFixedSize(kSize.expandedTo({0, frame->totalHeightForWidth(kSize.width())}));
     close->setFocus();
 }
 
