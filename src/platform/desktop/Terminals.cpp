@@ -42,7 +42,7 @@ constexpr std::array kTerminals{
     Terminal{"qterminal", {"-e"}, ":LXQt:"},
     Terminal{"tilix", {"-e"}},
     Terminal{"terminator", {"-x"}},
-    Terminal{"sakura", {"-x"}},
+    Terminal{"sakura", {"-e"}},
     Terminal{"kitty", {}},
     Terminal{"alacritty", {"-e"}},
     Terminal{kFoot, {}},
@@ -134,7 +134,7 @@ std::vector<std::vector<std::string>> terminalCommands(const TerminalEnvironment
         found.add(isFound ? *target : kSystemsChoice);
     }
     for (const std::string_view desktop : parts(environment.currentDesktop)) {
-        const std::string name = ":" + std::string(desktop) + ":";
+        const std::string name = std::string(":").append(desktop).append(":");
         for (const Terminal& terminal : kTerminals)
             if (terminal.desktops.find(name) != std::string_view::npos) found.add(terminal);
     }
