@@ -4,12 +4,12 @@
 #include "app/VersionText.h"
 #include "platform/desktop/QtText.h"
 #include "ui/style/Controls.h"
+#include "ui/style/Drawing.h"
 #include "ui/style/Symbols.h"
 
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QPainter>
-#include <QPainterPath>
 #include <QVBoxLayout>
 
 namespace korvan {
@@ -34,14 +34,12 @@ public:
 
 protected:
     void paintEvent(QPaintEvent*) override {
-        QPainterPath outline;
-        outline.addRoundedRect(rect(), kIconRadius, kIconRadius);
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
-        // Filled with the icon instead of clipped to the outline: clipping leaves jagged edges.
+        // Filled with the icon instead of clipped to it: clipping leaves jagged edges.
         painter.setBrush(QBrush(m_icon.pixmap(size(), devicePixelRatioF())));
-        painter.drawPath(outline);
+        painter.drawPath(smoothRectangle(rect(), kIconRadius));
     }
 
 private:
