@@ -30,7 +30,6 @@ int main(int argc, char** argv) {
     std::signal(SIGCHLD, SIG_DFL);
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"korvan"_qs);
-    QApplication::setApplicationDisplayName(u"Korvan"_qs);
     QGuiApplication::setDesktopFileName(u"" KORVAN_IDENTIFIER ""_qs);
     QApplication::setStyle(new korvan::KorvanStyle);
     QApplication::setWindowIcon(korvan::applicationIcon());

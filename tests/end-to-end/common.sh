@@ -156,7 +156,7 @@ await_next_window() {
 
 is_next_window() { ! is_active "$1" && has_title "$2"; }
 
-has_title() { xdotool getactivewindow getwindowname | grep -qE "^$1( — Korvan)?$"; }
+has_title() { xdotool getactivewindow getwindowname | grep -qE "^$1$"; }
 
 await_main_window() {
     within 10 is_active "$window" || fail "the main window does not come back"

@@ -18,7 +18,6 @@ namespace {
 constexpr int kPadding = 12;
 constexpr int kSpacing = 10;
 constexpr int kMinimumWidth = 200;
-constexpr int kIdealWidth = 240;
 constexpr int kMaximumWidth = 380;
 
 } // namespace
@@ -29,7 +28,6 @@ CategorySidebar::CategorySidebar(ContentView& view, QWidget* parent)
     setAutoFillBackground(true);
     setMinimumWidth(kMinimumWidth);
     setMaximumWidth(kMaximumWidth);
-    resize(kIdealWidth, height());
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(kPadding, kPadding, kPadding, kPadding);
     layout->setSpacing(kSpacing);

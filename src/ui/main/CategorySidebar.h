@@ -18,6 +18,8 @@ class CategorySidebar final : public QWidget {
     Q_OBJECT
 
 public:
+    static constexpr int kIdealWidth = 240;
+
     explicit CategorySidebar(ContentView& view, QWidget* parent = nullptr);
 
     void refresh();

@@ -3,6 +3,7 @@
 
 #include "platform/desktop/QtText.h"
 #include "ui/style/Controls.h"
+#include "ui/style/Drawing.h"
 #include "ui/style/KorvanStyle.h"
 #include "ui/style/Symbols.h"
 
@@ -97,8 +98,7 @@ void Toast::paintEvent(QPaintEvent*) {
     background.setAlphaF(kBackgroundOpacity);
     painter.setBrush(background);
     painter.setPen(colorFor(SemanticColor::separator, palette()));
-    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCornerRadius,
-                            kCornerRadius);
+    painter.drawPath(smoothRectangle(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCornerRadius));
 }
 
 void Toast::changeEvent(QEvent* event) {
