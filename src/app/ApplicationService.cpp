@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/ApplicationService.h"
 
+#include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
@@ -52,7 +53,11 @@ bool ApplicationService::handOver(const QString& activationToken) {
     // The object before the name: a request comes as soon as there is a name to send it to.
     m_isOnBus =
         bus.registerObject(kPath, this, QDBusConnection::ExportScriptableSlots) && ownName(bus);
-    if (m_isOnBus) return false;
+    if (m_isOnBus) {
+        // A process that has no windows left may still be busy, handing the clipboard on.
+        connect(qApp, &QCoreApplication::aboutToQuit, this, &ApplicationService::leaveBus);
+        return false;
+    }
     QVariantMap platformData{{kSession, m_session}};
     if (!activationToken.isEmpty()) {
         platformData[kActivationToken] = activationToken;
@@ -63,6 +68,12 @@ bool ApplicationService::handOver(const QString& activationToken) {
     call.setArguments({platformData});
     call.setAutoStartService(false);
     return bus.call(call, QDBus::Block, kPatience).type() == QDBusMessage::ReplyMessage;
+}
+
+void ApplicationService::leaveBus() {
+    auto call = busCall(QStringLiteral("ReleaseName"));
+    call.setArguments({kName});
+    QDBusConnection::sessionBus().asyncCall(call);
 }
 
 // The bus passes the request that it started the program for on before it answers anything that is

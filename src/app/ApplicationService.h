@@ -43,6 +43,8 @@ public Q_SLOTS:
     // NOLINTEND(readability-identifier-naming)
 
 private:
+    void leaveBus();
+
     QString m_session;
     bool m_isOnBus = false;
     bool m_wasActivated = false;
