@@ -125,6 +125,7 @@ void SnippetList::markCurrentRow() {
 
 std::vector<SnippetRow*> SnippetList::visibleRows() const {
     std::vector<SnippetRow*> rows;
+    rows.reserve(m_rows.size());
     for (const auto& [place, row] : m_rows)
         rows.push_back(row);
     return rows;
