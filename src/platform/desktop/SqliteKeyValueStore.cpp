@@ -228,7 +228,10 @@ Result<> SqliteKeyValueStore::write(const Work& work) {
 }
 
 Result<> SqliteKeyValueStore::attempt(std::string_view what, const Work& work) {
-    m_deadline = Clock::now() + m_wait;
+    // Who has just waited in vain does not wait again at once: a window reads three lists before it
+    // is shown, and would be three times as late.
+    const bool mayWait = Clock::now() >= m_lastVainWait + m_wait;
+    m_deadline = Clock::now() + (mayWait ? m_wait : std::chrono::milliseconds(0));
     while (true) {
         int code = connect();
         if (code == SQLITE_OK) code = work();
@@ -240,8 +243,11 @@ Result<> SqliteKeyValueStore::attempt(std::string_view what, const Work& work) {
         disconnect();
         // SQLite does not wait where that could be a deadlock, as when two processes make the
         // database at the same time.
-        const bool mayTryAgain = (code & 0xff) == SQLITE_BUSY && Clock::now() < m_deadline;
-        if (!mayTryAgain) return std::unexpected(error);
+        const bool isBusy = (code & 0xff) == SQLITE_BUSY;
+        if (!isBusy || Clock::now() >= m_deadline) {
+            if (isBusy && mayWait) m_lastVainWait = Clock::now();
+            return std::unexpected(error);
+        }
         std::this_thread::sleep_for(kPause);
     }
 }

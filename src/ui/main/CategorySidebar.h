@@ -30,6 +30,7 @@ protected:
 private:
     QWidget* makeHeading();
     void chooseRow(const QModelIndex& index);
+    void openMenuOfCurrentRow();
     void openMenu(const QModelIndex& index, QPoint globalPosition);
 
     ContentView& m_view;

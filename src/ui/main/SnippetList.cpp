@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/SnippetList.h"
 
+#include "ui/main/SnippetListAccess.h"
 #include "ui/main/SnippetRow.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QScrollBar>
@@ -19,6 +21,7 @@ constexpr int kScrollStep = 24;
 
 SnippetList::SnippetList(ContentView& view, QWidget* parent)
     : QAbstractScrollArea(parent), m_view(view) {
+    installSnippetListAccess();
     setObjectName(u"commands"_qs);
     setAccessibleName(u"Befehle"_qs);
     setFocusPolicy(Qt::StrongFocus);
@@ -120,6 +123,25 @@ void SnippetList::markCurrentRow() {
     }
 }
 
+std::vector<SnippetRow*> SnippetList::visibleRows() const {
+    std::vector<SnippetRow*> rows;
+    for (const auto& [place, row] : m_rows)
+        rows.push_back(row);
+    return rows;
+}
+
+SnippetRow* SnippetList::markedRow() const {
+    const auto row = m_rows.find(m_current);
+    return m_showsCurrent && row != m_rows.end() ? row->second : nullptr;
+}
+
+void SnippetList::announceCurrentRow() {
+    SnippetRow* row = markedRow();
+    if (!row) return;
+    QAccessibleEvent focus(row, QAccessible::Focus);
+    QAccessible::updateAccessibility(&focus);
+}
+
 void SnippetList::moveTo(std::ptrdiff_t row) {
     if (m_snippets.empty() || !isUpToDate()) return;
     const auto last = static_cast<std::ptrdiff_t>(m_snippets.size()) - 1;
@@ -132,6 +154,8 @@ void SnippetList::moveTo(std::ptrdiff_t row) {
     else if (bottom > bar->value() + viewport()->height())
         bar->setValue(bottom - viewport()->height());
     markCurrentRow();
+    // Later: when the keyboard comes to the list, Qt announces the list itself after this.
+    QMetaObject::invokeMethod(this, &SnippetList::announceCurrentRow, Qt::QueuedConnection);
 }
 
 void SnippetList::keyPressEvent(QKeyEvent* event) {

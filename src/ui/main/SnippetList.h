@@ -30,6 +30,11 @@ public:
 
     void refresh();
 
+    // Those that can be seen, from top to bottom.
+    [[nodiscard]] std::vector<SnippetRow*> visibleRows() const;
+    // The row that the keyboard is on, null when the keyboard is elsewhere.
+    [[nodiscard]] SnippetRow* markedRow() const;
+
 protected:
     void resizeEvent(QResizeEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
@@ -57,6 +62,8 @@ private:
     void showVisibleRows(Content content);
     [[nodiscard]] SnippetRow* takeSpareRow();
     void markCurrentRow();
+    // Tells a screen reader where the keyboard is in the list.
+    void announceCurrentRow();
     void moveTo(std::ptrdiff_t row);
     [[nodiscard]] std::size_t rowAt(int y) const;
     [[nodiscard]] bool isUpToDate() const;
