@@ -29,7 +29,6 @@ EditorSheet::EditorSheet(int width, int padding, QWidget* parent)
     m_stack->setSpacing(kStackSpacing);
     static_cast<QVBoxLayout*>(m_stack)->addStrut(width - 2 * padding);
 
-    m_title->setBold();
     m_stack->addWidget(m_title);
     m_form->setContentsMargins(0, 0, 0, 0);
     m_form->setVerticalSpacing(kRowSpacing);

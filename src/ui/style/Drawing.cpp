@@ -20,7 +20,6 @@ namespace {
 constexpr double kRadius = 6;
 constexpr double kSmallRadius = 4;
 constexpr int kIconGap = 6;
-constexpr QColor kRedFill(0xcb, 0x2f, 0x3e); // carries white text, on a light and a dark window
 
 // Saves the painter's state and puts it back, since styles share the painter of the widget.
 class Painting final {
@@ -79,9 +78,8 @@ bool isFilled(const QStyleOptionButton& button) {
 }
 
 // The colour that fills a dialog's default button.
-QColor fillOf(const QStyleOptionButton& button, const QWidget* widget) {
-    const bool isRed = widget && buttonColor(*widget) == SemanticColor::red;
-    return isRed ? kRedFill : colorFor(SemanticColor::accent, button.palette);
+QColor fillOf(const QStyleOptionButton& button) {
+    return colorFor(SemanticColor::accent, button.palette);
 }
 
 QColor textOn(const QColor& fill, const QPalette& palette) {
@@ -91,7 +89,7 @@ QColor textOn(const QColor& fill, const QPalette& palette) {
 }
 
 QColor labelColor(const QStyleOptionButton& button, const QWidget* widget) {
-    if (isFilled(button)) return textOn(fillOf(button, widget), button.palette);
+    if (isFilled(button)) return textOn(fillOf(button), button.palette);
     const auto color = widget ? buttonColor(*widget) : SemanticColor::primary;
     if (color == SemanticColor::primary) return button.palette.color(QPalette::ButtonText);
     const auto own = colorFor(color, button.palette);
@@ -126,12 +124,11 @@ void drawFocusRing(QPainter& painter, const QRect& rect, const QPalette& palette
     painter.drawRoundedRect(QRectF(rect).adjusted(1, 1, -1, -1), kRadius - 1, kRadius - 1);
 }
 
-void drawPushButtonPanel(QPainter& painter, const QStyleOptionButton& button,
-                         const QWidget* widget) {
+void drawPushButtonPanel(QPainter& painter, const QStyleOptionButton& button) {
     const auto& palette = button.palette;
     const auto text = palette.color(QPalette::ButtonText);
     if (isFilled(button)) {
-        const auto fill = fillOf(button, widget);
+        const auto fill = fillOf(button);
         drawRounded(painter, button.rect, mixed(fill, Qt::black, emphasis(button)), {});
         if (showsKeyboardFocus(button)) { // its own ring would not stand out from the fill
             drawFocusRing(painter, button.rect, palette);

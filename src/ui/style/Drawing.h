@@ -18,8 +18,7 @@ namespace korvan {
 // A ring in the accent colour just inside of `rect`.
 void drawFocusRing(QPainter& painter, const QRect& rect, const QPalette& palette);
 
-void drawPushButtonPanel(QPainter& painter, const QStyleOptionButton& button,
-                         const QWidget* widget);
+void drawPushButtonPanel(QPainter& painter, const QStyleOptionButton& button);
 void drawPushButtonLabel(QPainter& painter, const QStyleOptionButton& button,
                          const QWidget* widget);
 void drawToolButtonPanel(QPainter& painter, const QStyleOption& option);

@@ -321,7 +321,7 @@ void KorvanStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
     switch (element) {
     case PE_PanelButtonCommand:
         if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option)) {
-            return drawPushButtonPanel(*painter, *button, widget);
+            return drawPushButtonPanel(*painter, *button);
         }
         break;
     case PE_PanelButtonTool: return drawToolButtonPanel(*painter, *option);
