@@ -117,9 +117,10 @@ pid_t start(const Program& program) {
     for (const char* name : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME"})
         ::unsetenv(name);
     const int nowhere = ::open("/dev/null", O_RDWR | O_CLOEXEC);
-    for (int file = 0; file < 3; ++file)
+    for (int file = 0; nowhere >= 0 && file < 3; ++file)
         ::dup2(nowhere, file);
     std::vector<char*> words;
+    words.reserve(program.command.size() + 1);
     for (const std::string& word : program.command)
         words.push_back(const_cast<char*>(word.c_str()));
     words.push_back(nullptr);

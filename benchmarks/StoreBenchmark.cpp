@@ -30,7 +30,7 @@ namespace korvan {
 
 namespace {
 
-bool g_isGood = true;
+bool isAllGood = true;
 
 [[noreturn]] void giveUp(const char* why) {
     std::fprintf(stderr, "nothing is measured: %s\n", why);
@@ -43,7 +43,7 @@ void require(bool isTrue, const char* what) {
 
 void print(const char* what, double time, double bare, double limit) {
     const bool isGood = time <= limit * bare;
-    g_isGood = g_isGood && isGood;
+    isAllGood = isAllGood && isGood;
     std::printf("| %s | %.1f | %.1f | %.2f | %.1f | %s |\n", what, time, bare, time / bare, limit,
                 isGood ? "yes" : "NO");
 }
@@ -82,8 +82,8 @@ double parse(const std::string& bytes) {
 double write(const std::filesystem::path& path, std::string_view bytes) {
     return timeOf([&] {
         const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
-        const bool isWritten =
-            ::write(file, bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size());
+        const bool isWritten = file >= 0 && ::write(file, bytes.data(), bytes.size()) ==
+                                                static_cast<ssize_t>(bytes.size());
         require(isWritten && ::fsync(file) == 0 && ::close(file) == 0, "the disk is full");
     });
 }
@@ -196,7 +196,7 @@ void measureGrowth() {
         const double first = time(1) / time(0);
         const double second = time(2) / time(1);
         const bool isGood = std::max(first, second) <= most;
-        g_isGood = g_isGood && isGood;
+        isAllGood = isAllGood && isGood;
         std::printf("| %s | %.3f | %.3f | %.2f | %.1f, %.1f | %.0f | %s |\n",
                     sizes[0].times[i].first, time(0), time(1), time(2), first, second, most,
                     isGood ? "yes" : "NO");
@@ -215,5 +215,5 @@ int main() {
     korvan::measureChange(folder);
     korvan::measureBackup(folder);
     korvan::measureGrowth();
-    return korvan::g_isGood ? EXIT_SUCCESS : EXIT_FAILURE;
+    return korvan::isAllGood ? EXIT_SUCCESS : EXIT_FAILURE;
 }

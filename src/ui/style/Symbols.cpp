@@ -48,15 +48,15 @@ public:
     QSize actualSize(const QSize& size, QIcon::Mode, QIcon::State) override { return size; }
     bool isNull() override { return !QFile::exists(m_path); }
     QString iconName() override { return {}; }
-    QIconEngine* clone() const override { return new DrawingEngine(*this); }
+    [[nodiscard]] QIconEngine* clone() const override { return new DrawingEngine(*this); }
 
 protected:
     // The colour that everything is drawn in, transparent for the drawing's own colours. Asked at
     // every painting, so that an icon outlives a change of the palette.
-    virtual QColor tint(QIcon::Mode) const { return Qt::transparent; }
+    [[nodiscard]] virtual QColor tint(QIcon::Mode) const { return Qt::transparent; }
 
 private:
-    QPixmap drawing(const QSize& size, QIcon::Mode mode) const {
+    [[nodiscard]] QPixmap drawing(const QSize& size, QIcon::Mode mode) const {
         const auto color = tint(mode);
         const auto key = QStringLiteral("korvan:%1:%2:%3x%4")
                              .arg(m_path, color.name(QColor::HexArgb))
@@ -86,10 +86,10 @@ class SymbolEngine final : public DrawingEngine {
 public:
     SymbolEngine(const QString& path, SemanticColor color) : DrawingEngine(path), m_color(color) {}
 
-    QIconEngine* clone() const override { return new SymbolEngine(*this); }
+    [[nodiscard]] QIconEngine* clone() const override { return new SymbolEngine(*this); }
 
 protected:
-    QColor tint(QIcon::Mode mode) const override {
+    [[nodiscard]] QColor tint(QIcon::Mode mode) const override {
         auto palette = QGuiApplication::palette();
         palette.setCurrentColorGroup(mode == QIcon::Disabled ? QPalette::Disabled
                                                              : QPalette::Active);
