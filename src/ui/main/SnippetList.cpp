@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/SnippetList.h"
 
+#include "actions/CommandExpansion.h"
 #include "ui/main/SnippetListAccess.h"
 #include "ui/main/SnippetRow.h"
 
@@ -29,7 +30,6 @@ SnippetList::SnippetList(ContentView& view, QWidget* parent)
     // Always there: a bar that comes and goes would change every row's width.
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     verticalScrollBar()->setSingleStep(kScrollStep);
-    refresh();
 }
 
 SnippetList::~SnippetList() = default;
@@ -50,16 +50,31 @@ void SnippetList::refresh() {
 }
 
 void SnippetList::layOut() {
-    if (!isUpToDate()) return; // the refresh that is on its way does it
+    m_metrics.reset();
+    // Otherwise the refresh that is on its way does it, or the moment when the list is shown: until
+    // then its width is not the one that it will have.
+    if (!isUpToDate() || !isVisible()) return;
     m_metrics = std::make_unique<SnippetRowMetrics>(viewport()->width());
-    const SSHProfile* profile = m_shown.profile ? &*m_shown.profile : nullptr;
+    CommandExpansion expansion(m_shown.profile ? &*m_shown.profile : nullptr);
     m_tops.assign(1, 0);
     m_tops.reserve(m_snippets.size() + 1);
     for (const CommandSnippet* snippet : m_snippets)
-        m_tops.push_back(m_tops.back() + m_metrics->heightOf(*snippet, profile));
+        m_tops.push_back(m_tops.back() + m_metrics->heightOf(*snippet, expansion.of(*snippet)));
+    showPart(Content::changed);
+}
+
+void SnippetList::fit() {
+    // The heights of all rows follow from the width alone.
+    if (m_metrics && m_metrics->width() == viewport()->width())
+        showPart(Content::same);
+    else
+        layOut();
+}
+
+void SnippetList::showPart(Content content) {
     verticalScrollBar()->setPageStep(viewport()->height());
     verticalScrollBar()->setRange(0, std::max(0, m_tops.back() - viewport()->height()));
-    showVisibleRows(Content::changed);
+    showVisibleRows(content);
 }
 
 std::size_t SnippetList::rowAt(int y) const {
@@ -69,7 +84,7 @@ std::size_t SnippetList::rowAt(int y) const {
 }
 
 void SnippetList::showVisibleRows(Content content) {
-    if (!isUpToDate()) return;
+    if (!isUpToDate() || !m_metrics) return;
     const int scrolled = verticalScrollBar()->value();
     const std::size_t first = rowAt(scrolled);
     const std::size_t last =
@@ -186,7 +201,12 @@ void SnippetList::keyPressEvent(QKeyEvent* event) {
 
 void SnippetList::resizeEvent(QResizeEvent* event) {
     QAbstractScrollArea::resizeEvent(event);
-    layOut();
+    fit();
+}
+
+void SnippetList::showEvent(QShowEvent* event) {
+    QAbstractScrollArea::showEvent(event);
+    fit();
 }
 
 void SnippetList::scrollContentsBy(int, int) { showVisibleRows(Content::same); }

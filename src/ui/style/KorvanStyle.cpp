@@ -3,6 +3,7 @@
 
 #include "ui/style/Colors.h"
 #include "ui/style/Drawing.h"
+#include "ui/style/Symbols.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -282,6 +283,15 @@ QSize KorvanStyle::sizeFromContents(ContentsType type, const QStyleOption* optio
     case CT_MenuBarItem: return {contents.width() + 2 * kPadding - 2, height - 2};
     default: return QProxyStyle::sizeFromContents(type, option, contents, widget);
     }
+}
+
+QIcon KorvanStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,
+                                const QWidget* widget) const {
+    // Also spares the start a walk through all the icons of the desktop's theme.
+    if (icon == SP_LineEditClearButton) {
+        return symbol(QStringLiteral("xmark.circle.fill"), SemanticColor::secondary);
+    }
+    return QProxyStyle::standardIcon(icon, option, widget);
 }
 
 QRect KorvanStyle::subElementRect(SubElement element, const QStyleOption* option,
