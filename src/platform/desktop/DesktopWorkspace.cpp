@@ -55,7 +55,7 @@ fs::path makeLinkFolder() {
 } // namespace
 
 fs::path helperProgramPath(const fs::path& applicationFolder) {
-    const fs::path beside = applicationFolder / kHelperName;
+    fs::path beside = applicationFolder / kHelperName;
     if (isExecutable(beside)) return beside;
     return (applicationFolder / ".." / "libexec" / "korvan" / kHelperName).lexically_normal();
 }
@@ -73,11 +73,11 @@ bool DesktopWorkspace::openFile(const std::string& path, std::string_view applic
     if (!helper || !script) return false;
 
     auto commands = terminalCommands(TerminalEnvironment::current(), {*helper, *script});
-    auto attempt = std::make_unique<TerminalAttempt>(std::move(commands), std::move(refusedLater),
-                                                     &m_attempts);
-    if (!attempt->start()) return false;
-    attempt.release(); // it ends by itself, or with m_attempts
-    return true;
+    // It ends by itself, or with m_attempts.
+    auto* attempt = new TerminalAttempt(std::move(commands), std::move(refusedLater), &m_attempts);
+    if (attempt->start()) return true;
+    delete attempt;
+    return false;
 }
 
 // The path, or that of a link to it when terminals might take it apart. A link stays when the

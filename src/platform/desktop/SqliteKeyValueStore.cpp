@@ -3,7 +3,6 @@
 
 #include "platform/Files.h"
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdlib>
@@ -29,8 +28,13 @@ constexpr std::string_view kCannotCreate = "Die Datenbank konnte nicht angelegt 
 // What a JSON parser may read, and ignores, behind the end of its text.
 constexpr int kReadPadding = 64;
 
-// The time between two attempts where SQLite itself does not wait.
-constexpr std::chrono::milliseconds kPause(5);
+// The time between two attempts. SQLite's own waiting sleeps for up to 100 ms each time, and so
+// hardly ever meets the moment between two changes of somebody who makes many.
+constexpr std::chrono::milliseconds kPause(1);
+
+// How long a file is left to others between two changes of one's own. Whoever waits only asks every
+// kPause, so without it he who makes many changes at once would keep all others out.
+constexpr std::chrono::milliseconds kRest(3);
 
 // Large pages, since a value is written whole and may have megabytes; they count only before the
 // first table is made. Debian's SQLite would also write zeros over all that a value took before,
@@ -212,7 +216,8 @@ Result<> SqliteKeyValueStore::read(const Work& work) {
 
 Result<> SqliteKeyValueStore::write(const Work& work) {
     if (auto created = createIfAbsent(); !created) return created;
-    return attempt(kCannotWrite, [&] {
+    std::this_thread::sleep_until(m_lastChange + kRest);
+    auto done = attempt(kCannotWrite, [&] {
         int code = prepareForWriting();
         // The right to write comes first: a transaction that read before could not wait for it.
         if (code == SQLITE_OK) code = execute("BEGIN IMMEDIATE");
@@ -222,20 +227,18 @@ Result<> SqliteKeyValueStore::write(const Work& work) {
         if (code == SQLITE_OK) code = execute("COMMIT");
         return code; // closing the connection rolls back
     });
+    m_lastChange = Clock::now();
+    return done;
 }
 
 Result<> SqliteKeyValueStore::attempt(std::string_view what, const Work& work) {
-    const auto deadline = Clock::now() + m_wait;
+    // Who has just waited in vain does not wait again at once: a window reads three lists before it
+    // is shown, and would be three times as late.
+    const bool mayWait = Clock::now() >= m_lastVainWait + m_wait;
+    m_deadline = Clock::now() + (mayWait ? m_wait : std::chrono::milliseconds(0));
     while (true) {
         int code = connect();
-        if (code == SQLITE_OK) {
-            const auto left =
-                std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now());
-            sqlite3_busy_timeout(
-                m_connection,
-                static_cast<int>(std::max(left.count(), std::chrono::milliseconds::rep{0})));
-            code = work();
-        }
+        if (code == SQLITE_OK) code = work();
         if (code == SQLITE_OK) {
             if (m_isSnapshot) disconnect();
             return {};
@@ -244,8 +247,11 @@ Result<> SqliteKeyValueStore::attempt(std::string_view what, const Work& work) {
         disconnect();
         // SQLite does not wait where that could be a deadlock, as when two processes make the
         // database at the same time.
-        const bool mayTryAgain = (code & 0xff) == SQLITE_BUSY && Clock::now() < deadline;
-        if (!mayTryAgain) return std::unexpected(error);
+        const bool isBusy = (code & 0xff) == SQLITE_BUSY;
+        if (!isBusy || Clock::now() >= m_deadline) {
+            if (isBusy && mayWait) m_lastVainWait = Clock::now();
+            return std::unexpected(error);
+        }
         std::this_thread::sleep_for(kPause);
     }
 }
@@ -298,7 +304,15 @@ int SqliteKeyValueStore::connect() {
     m_device = status.st_dev;
     m_inode = status.st_ino;
     m_isPreparedForWriting = false;
-    return sqlite3_open_v2(name.c_str(), &m_connection, access | SQLITE_OPEN_EXRESCODE, nullptr);
+    const int code =
+        sqlite3_open_v2(name.c_str(), &m_connection, access | SQLITE_OPEN_EXRESCODE, nullptr);
+    const auto waitForOthers = [](void* deadline, int) {
+        if (Clock::now() >= *static_cast<const Clock::time_point*>(deadline)) return 0;
+        std::this_thread::sleep_for(kPause);
+        return 1;
+    };
+    if (code == SQLITE_OK) sqlite3_busy_handler(m_connection, waitForOthers, &m_deadline);
+    return code;
 }
 
 int SqliteKeyValueStore::prepareForWriting() {

@@ -26,6 +26,7 @@ constexpr auto kPollInterval = 50ms;
 // it cannot be started.
 pid_t spawn(std::vector<std::string> command) {
     std::vector<char*> pointers;
+    pointers.reserve(command.size() + 1);
     for (std::string& word : command)
         pointers.push_back(word.data());
     pointers.push_back(nullptr);

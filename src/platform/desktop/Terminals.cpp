@@ -42,7 +42,7 @@ constexpr std::array kTerminals{
     Terminal{"qterminal", {"-e"}, ":LXQt:"},
     Terminal{"tilix", {"-e"}},
     Terminal{"terminator", {"-x"}},
-    Terminal{"sakura", {"-x"}},
+    Terminal{"sakura", {"-e"}},
     Terminal{"kitty", {}},
     Terminal{"alacritty", {"-e"}},
     Terminal{kFoot, {}},
@@ -70,7 +70,7 @@ bool isExecutable(const fs::path& path) {
 std::optional<fs::path> findProgram(std::string_view searchPath, std::string_view name) {
     for (const std::string_view folder : parts(searchPath)) {
         // Relative folders would depend on where we happen to be.
-        const fs::path path = fs::path(folder) / name;
+        fs::path path = fs::path(folder) / name;
         if (path.is_absolute() && isExecutable(path)) return path;
     }
     return std::nullopt;
@@ -134,7 +134,7 @@ std::vector<std::vector<std::string>> terminalCommands(const TerminalEnvironment
         found.add(isFound ? *target : kSystemsChoice);
     }
     for (const std::string_view desktop : parts(environment.currentDesktop)) {
-        const std::string name = ":" + std::string(desktop) + ":";
+        const std::string name = std::string(":").append(desktop).append(":");
         for (const Terminal& terminal : kTerminals)
             if (terminal.desktops.find(name) != std::string_view::npos) found.add(terminal);
     }

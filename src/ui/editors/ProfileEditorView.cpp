@@ -13,22 +13,13 @@ namespace {
 constexpr std::int64_t kLowestPort = 1;
 constexpr std::int64_t kHighestPort = 65535;
 
-std::optional<std::string> problemWith(const SSHProfile& profile) {
-    if (isBlank(profile.name)) return "Bitte einen Namen angeben.";
-    if (isBlank(profile.host)) return "Bitte IP/Host angeben.";
-    if (isBlank(profile.user)) return "Bitte Benutzername angeben.";
-    if (profile.port < kLowestPort || profile.port > kHighestPort)
-        return "Port muss zwischen 1 und 65535 liegen.";
-    return std::nullopt;
-}
-
 } // namespace
 
 ProfileEditorView::ProfileEditorView(SSHProfile draft, std::vector<SSHCategory> categories,
                                      std::function<void()> onCancel,
                                      std::function<void(const SSHProfile&)> onSave)
-    : profile(std::move(draft)), m_categories(std::move(categories)),
-      m_onCancel(std::move(onCancel)), m_onSave(std::move(onSave)) {}
+    : RecordEditor(std::move(onCancel), std::move(onSave)), profile(std::move(draft)),
+      m_categories(std::move(categories)) {}
 
 std::string_view ProfileEditorView::editorTitle() const {
     return isBlank(profile.name) ? "Neues SSH Profil" : "SSH Profil bearbeiten";
@@ -48,14 +39,13 @@ void ProfileEditorView::chooseIdentityFile(FilePanels& filePanels) {
         profile.identityFile = std::move(*path);
 }
 
-bool ProfileEditorView::validate() {
-    validationError = problemWith(profile);
-    return !validationError;
-}
-
-void ProfileEditorView::commit() {
-    if (!validate()) return;
-    if (const auto onSave = std::exchange(m_onSave, nullptr)) onSave(profile);
+std::optional<std::string> ProfileEditorView::problem() const {
+    if (isBlank(profile.name)) return "Bitte einen Namen angeben.";
+    if (isBlank(profile.host)) return "Bitte IP/Host angeben.";
+    if (isBlank(profile.user)) return "Bitte Benutzername angeben.";
+    if (profile.port < kLowestPort || profile.port > kHighestPort)
+        return "Port muss zwischen 1 und 65535 liegen.";
+    return std::nullopt;
 }
 
 } // namespace korvan

@@ -4,25 +4,21 @@
 #include "model/SSHCategory.h"
 #include "model/SSHProfile.h"
 #include "platform/FilePanels.h"
+#include "ui/editors/RecordEditor.h"
 
-#include <functional>
-#include <optional>
-#include <string>
 #include <string_view>
 #include <vector>
 
 namespace korvan {
 
-// One opening of the profile editor: a draft, the rules for saving it, and nothing of a screen. It
-// works on its own copy and hands that back; closing the sheet is the caller's business.
-class ProfileEditorView final {
+// One opening of the profile editor: a draft, the rules for saving it, and nothing of a screen.
+class ProfileEditorView final : public RecordEditor<SSHProfile> {
 public:
     ProfileEditorView(SSHProfile profile, std::vector<SSHCategory> categories,
                       std::function<void()> onCancel,
                       std::function<void(const SSHProfile&)> onSave);
 
-    SSHProfile profile;                         // every input writes straight into its fields
-    std::optional<std::string> validationError; // of the last failed save
+    SSHProfile profile; // every input writes straight into its fields
     bool showPassword = false;
 
     [[nodiscard]] const std::vector<SSHCategory>& categories() const { return m_categories; }
@@ -36,18 +32,11 @@ public:
     void chooseIdentityFile(FilePanels& filePanels);
     void clearIdentityFile() { profile.identityFile.clear(); }
 
-    // Whether the profile may be saved; sets or clears the message.
-    bool validate();
-
-    // Hands the profile, exactly as edited, to `onSave` if it passes the check. Only the first
-    // time: a second Return before the sheet has gone must not add the profile twice.
-    void commit();
-    void cancel() { m_onCancel(); }
-
 private:
+    [[nodiscard]] const SSHProfile& record() const override { return profile; }
+    [[nodiscard]] std::optional<std::string> problem() const override;
+
     std::vector<SSHCategory> m_categories;
-    std::function<void()> m_onCancel;
-    std::function<void(const SSHProfile&)> m_onSave;
 };
 
 } // namespace korvan

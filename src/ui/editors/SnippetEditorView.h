@@ -2,32 +2,25 @@
 #pragma once
 
 #include "model/CommandSnippet.h"
+#include "ui/editors/RecordEditor.h"
 
-#include <functional>
-#include <optional>
-#include <string>
 #include <string_view>
 
 namespace korvan {
 
-// One opening of the command editor, on the same pattern as ProfileEditorView.
-class SnippetEditorView final {
+// One opening of the command editor.
+class SnippetEditorView final : public RecordEditor<CommandSnippet> {
 public:
     SnippetEditorView(CommandSnippet snippet, std::function<void()> onCancel,
                       std::function<void(const CommandSnippet&)> onSave);
 
     CommandSnippet snippet;
-    std::optional<std::string> validationError;
 
     [[nodiscard]] std::string_view editorTitle() const;
 
-    bool validate();
-    void commit();
-    void cancel() { m_onCancel(); }
-
 private:
-    std::function<void()> m_onCancel;
-    std::function<void(const CommandSnippet&)> m_onSave;
+    [[nodiscard]] const CommandSnippet& record() const override { return snippet; }
+    [[nodiscard]] std::optional<std::string> problem() const override;
 };
 
 } // namespace korvan

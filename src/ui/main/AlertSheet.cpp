@@ -42,6 +42,7 @@ AlertSheet::AlertSheet(const QString& title, const QString& message,
     // An editor instead of a label: it breaks lines inside of words, such as long paths, and
     // scrolls.
     m_message->setReadOnly(true);
+    m_message->setAccessibleName(title);
     m_message->setFrameShape(QFrame::NoFrame);
     m_message->viewport()->setAutoFillBackground(false);
     m_message->document()->setDocumentMargin(0);

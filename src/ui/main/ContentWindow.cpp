@@ -15,6 +15,7 @@
 #include <QScreen>
 #include <QSplitter>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 namespace korvan {
@@ -23,7 +24,6 @@ namespace {
 
 constexpr QSize kMinimumSplit(980, 520);
 constexpr QSize kIdealSize(1460, 820);
-constexpr int kSidebarWidth = 240;
 constexpr int kTableWidth = 760;
 
 } // namespace
@@ -60,21 +60,21 @@ void ContentWindow::makeContent() {
     m_panel = new CommandDatabasePanel(m_view);
     m_splitter = new ContentSplitter(m_table, m_panel);
 
-    auto* split = new QSplitter(Qt::Horizontal);
-    split->setChildrenCollapsible(false);
-    split->setMinimumSize(kMinimumSplit);
-    split->addWidget(m_sidebar);
-    split->addWidget(m_splitter);
-    split->setStretchFactor(0, 0);
-    split->setStretchFactor(1, 1);
-    split->setSizes({kSidebarWidth, kTableWidth + CommandDatabasePanel::kIdealWidth});
+    m_split = new QSplitter(Qt::Horizontal);
+    m_split->setChildrenCollapsible(false);
+    m_split->addWidget(m_sidebar);
+    m_split->addWidget(m_splitter);
+    m_split->setStretchFactor(0, 0);
+    m_split->setStretchFactor(1, 1);
+    m_split->setSizes(
+        {CategorySidebar::kIdealWidth, kTableWidth + CommandDatabasePanel::kIdealWidth});
 
     auto* content = new QWidget;
     auto* layout = new QVBoxLayout(content);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_header);
-    layout->addWidget(split, 1);
+    layout->addWidget(m_split, 1);
     setCentralWidget(content);
     m_table->setFocus();
     m_toast = new Toast(m_view, content);
@@ -92,10 +92,20 @@ void ContentWindow::refresh() {
     m_sidebar->refresh();
     m_table->refresh();
     m_panel->refresh();
+    m_split->setMinimumSize(leastSplit());
     m_splitter->setPanel(m_view.showSnippets ? ContentSplitter::Panel::shown
                                              : ContentSplitter::Panel::hidden);
     m_toast->refresh();
     m_presentations->refresh();
+}
+
+// A window of the least width has no room for the panel at its least width.
+QSize ContentWindow::leastSplit() const {
+    const int withoutPanel =
+        m_sidebar->minimumWidth() + m_split->handleWidth() + m_table->minimumWidth();
+    const int panel = m_splitter->handleWidth() + CommandDatabasePanel::kMinimumWidth;
+    const int needed = withoutPanel + (m_view.showSnippets ? panel : 0);
+    return {std::max(kMinimumSplit.width(), needed), kMinimumSplit.height()};
 }
 
 void ContentWindow::closeEvent(QCloseEvent* event) {

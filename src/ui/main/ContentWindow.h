@@ -8,6 +8,7 @@
 #include <memory>
 
 class QDialog;
+class QSplitter;
 
 namespace korvan {
 
@@ -43,13 +44,15 @@ private:
     void makeContent();
     void refreshSoon();
     void refresh();
+    [[nodiscard]] QSize leastSplit() const;
 
     ContentView& m_view;
     HeaderBar* m_header = nullptr;
+    QSplitter* m_split = nullptr; // sidebar and the rest
     CategorySidebar* m_sidebar = nullptr;
     ProfileTable* m_table = nullptr;
     CommandDatabasePanel* m_panel = nullptr;
-    ContentSplitter* m_splitter = nullptr;
+    ContentSplitter* m_splitter = nullptr; // table and panel
     Toast* m_toast = nullptr;
     std::unique_ptr<Presentations> m_presentations;
     bool m_isStale = false;

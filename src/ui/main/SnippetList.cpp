@@ -2,8 +2,10 @@
 #include "ui/main/SnippetList.h"
 
 #include "actions/CommandExpansion.h"
+#include "ui/main/SnippetListAccess.h"
 #include "ui/main/SnippetRow.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QScrollBar>
@@ -20,6 +22,8 @@ constexpr int kScrollStep = 24;
 
 SnippetList::SnippetList(ContentView& view, QWidget* parent)
     : QAbstractScrollArea(parent), m_view(view) {
+    installSnippetListAccess();
+    setObjectName(u"commands"_qs);
     setAccessibleName(u"Befehle"_qs);
     setFocusPolicy(Qt::StrongFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -30,25 +34,21 @@ SnippetList::SnippetList(ContentView& view, QWidget* parent)
 
 SnippetList::~SnippetList() = default;
 
-bool SnippetList::isUpToDate() const {
-    return m_shown && m_shown->revision == m_view.snippetStore.revision();
-}
+bool SnippetList::isUpToDate() const { return m_shown.revision == m_view.snippetStore.revision(); }
+
+bool SnippetList::isLaidOut() const { return m_metrics && isUpToDate(); }
 
 void SnippetList::refresh() {
-    const SSHProfile* profile = m_view.selectedProfile();
-    const bool isSameProfile =
-        m_shown && (profile ? m_shown->profile == *profile : !m_shown->profile);
-    if (isUpToDate() && m_shown->search == *m_view.snippetSearch && isSameProfile) return;
-    const bool isSameSearch = m_shown && m_shown->search == *m_view.snippetSearch;
-    m_shown = Shown{m_view.snippetStore.revision(), m_view.snippetSearch,
-                    profile ? std::optional(*profile) : std::nullopt};
-    if (!isSameSearch) {
-        m_current = 0;
-        verticalScrollBar()->setValue(0);
-    }
+    Shown wanted{m_view.snippetStore.revision(), m_view.snippetSearch, std::nullopt};
+    if (const SSHProfile* profile = m_view.selectedProfile()) wanted.profile = *profile;
+    if (m_shown == wanted) return;
+    const bool isSameSearch = m_shown.search == wanted.search;
+    m_shown = std::move(wanted);
     m_snippets = m_view.filteredSnippets();
-    m_current = std::min(m_current, m_snippets.empty() ? 0 : m_snippets.size() - 1);
+    const std::size_t last = m_snippets.empty() ? 0 : m_snippets.size() - 1;
+    m_current = isSameSearch ? std::min(m_current, last) : 0;
     layOut();
+    if (!isSameSearch) verticalScrollBar()->setValue(0);
 }
 
 void SnippetList::layOut() {
@@ -57,7 +57,7 @@ void SnippetList::layOut() {
     // then its width is not the one that it will have.
     if (!isUpToDate() || !isVisible()) return;
     m_metrics = std::make_unique<SnippetRowMetrics>(viewport()->width());
-    CommandExpansion expansion(m_shown->profile ? &*m_shown->profile : nullptr);
+    CommandExpansion expansion(m_shown.profile ? &*m_shown.profile : nullptr);
     m_tops.assign(1, 0);
     m_tops.reserve(m_snippets.size() + 1);
     for (const CommandSnippet* snippet : m_snippets)
@@ -86,7 +86,7 @@ std::size_t SnippetList::rowAt(int y) const {
 }
 
 void SnippetList::showVisibleRows(Content content) {
-    if (!isUpToDate() || !m_metrics) return;
+    if (!isLaidOut()) return;
     const int scrolled = verticalScrollBar()->value();
     const std::size_t first = rowAt(scrolled);
     const std::size_t last =
@@ -96,7 +96,7 @@ void SnippetList::showVisibleRows(Content content) {
         if (isGone) m_spareRows.push_back(entry.second);
         return isGone;
     });
-    const SSHProfile* profile = m_shown->profile ? &*m_shown->profile : nullptr;
+    const SSHProfile* profile = m_shown.profile ? &*m_shown.profile : nullptr;
     for (std::size_t place = first; place < last; ++place) {
         const QRect where(0, m_tops[place] - scrolled, viewport()->width(),
                           m_tops[place + 1] - m_tops[place]);
@@ -140,8 +140,27 @@ void SnippetList::markCurrentRow() {
     }
 }
 
+std::vector<SnippetRow*> SnippetList::visibleRows() const {
+    std::vector<SnippetRow*> rows;
+    for (const auto& [place, row] : m_rows)
+        rows.push_back(row);
+    return rows;
+}
+
+SnippetRow* SnippetList::markedRow() const {
+    const auto row = m_rows.find(m_current);
+    return m_showsCurrent && row != m_rows.end() ? row->second : nullptr;
+}
+
+void SnippetList::announceCurrentRow() {
+    SnippetRow* row = markedRow();
+    if (!row) return;
+    QAccessibleEvent focus(row, QAccessible::Focus);
+    QAccessible::updateAccessibility(&focus);
+}
+
 void SnippetList::moveTo(std::ptrdiff_t row) {
-    if (m_snippets.empty() || !isUpToDate()) return;
+    if (m_snippets.empty() || !isLaidOut()) return;
     const auto last = static_cast<std::ptrdiff_t>(m_snippets.size()) - 1;
     m_current = static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(row, 0, last));
     QScrollBar* bar = verticalScrollBar();
@@ -152,6 +171,8 @@ void SnippetList::moveTo(std::ptrdiff_t row) {
     else if (bottom > bar->value() + viewport()->height())
         bar->setValue(bottom - viewport()->height());
     markCurrentRow();
+    // Later: when the keyboard comes to the list, Qt announces the list itself after this.
+    QMetaObject::invokeMethod(this, &SnippetList::announceCurrentRow, Qt::QueuedConnection);
 }
 
 void SnippetList::keyPressEvent(QKeyEvent* event) {
@@ -164,7 +185,7 @@ void SnippetList::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_End: return moveTo(static_cast<std::ptrdiff_t>(m_snippets.size()));
     case Qt::Key_PageUp:
     case Qt::Key_PageDown: {
-        if (!isUpToDate()) return;
+        if (!isLaidOut()) return;
         const int way =
             event->key() == Qt::Key_PageUp ? -viewport()->height() : viewport()->height();
         return moveTo(static_cast<std::ptrdiff_t>(rowAt(std::max(m_tops[m_current] + way, 0))));

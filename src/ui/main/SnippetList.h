@@ -30,6 +30,11 @@ public:
 
     void refresh();
 
+    // Those that can be seen, from top to bottom.
+    [[nodiscard]] std::vector<SnippetRow*> visibleRows() const;
+    // The row that the keyboard is on, null when the keyboard is elsewhere.
+    [[nodiscard]] SnippetRow* markedRow() const;
+
 protected:
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -40,11 +45,15 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    static constexpr auto kNoRevision = ~std::uint64_t{0};
+
     // What the rows were last made from.
     struct Shown {
-        std::uint64_t revision = 0;
+        std::uint64_t revision = kNoRevision;
         std::string search;
         std::optional<SSHProfile> profile;
+
+        friend bool operator==(const Shown&, const Shown&) = default;
     };
 
     // Works out where each row is. Needed when the commands, the profile or the width changed.
@@ -58,12 +67,15 @@ private:
     void showPart(Content content);
     [[nodiscard]] SnippetRow* takeSpareRow();
     void markCurrentRow();
+    // Tells a screen reader where the keyboard is in the list.
+    void announceCurrentRow();
     void moveTo(std::ptrdiff_t row);
     [[nodiscard]] std::size_t rowAt(int y) const;
     [[nodiscard]] bool isUpToDate() const;
+    [[nodiscard]] bool isLaidOut() const; // and every row has its place
 
     ContentView& m_view;
-    std::optional<Shown> m_shown;
+    Shown m_shown;
     std::vector<const CommandSnippet*> m_snippets; // valid while isUpToDate()
     std::unique_ptr<SnippetRowMetrics> m_metrics;  // none while the rows are not laid out
     std::vector<int> m_tops;                       // of each row, and the bottom of the last

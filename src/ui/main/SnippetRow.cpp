@@ -108,7 +108,7 @@ SnippetRow::SnippetRow(ContentView& view, QWidget* parent)
     m_copyButton->setFont(fontFor(TextStyle::subheadline));
     m_editButton->setParent(this);
     m_deleteButton->setParent(this);
-    connect(m_copyButton, &QPushButton::clicked, this, [this] { m_view.copySnippet(m_snippet); });
+    connect(m_copyButton, &QPushButton::clicked, this, &SnippetRow::copy);
     connect(m_editButton, &QToolButton::clicked, this, [this] { m_view.editSnippet(m_snippet); });
     connect(m_deleteButton, &QToolButton::clicked, this,
             [this] { m_view.requestDeleteSnippet(m_snippet); });
@@ -173,9 +173,10 @@ void SnippetRow::setMarked(bool isMarked) {
 void SnippetRow::mousePressEvent(QMouseEvent*) { Q_EMIT pressed(); }
 
 void SnippetRow::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
-        m_view.copySnippet(m_snippet);
+    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) copy();
 }
+
+void SnippetRow::copy() { m_view.copySnippet(m_snippet); }
 
 void SnippetRow::paintEvent(QPaintEvent*) {
     QPainter painter(this);

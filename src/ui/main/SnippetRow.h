@@ -63,6 +63,9 @@ public:
 
     // Whether the list shows where the keyboard is.
     void setMarked(bool isMarked);
+    [[nodiscard]] bool isMarked() const { return m_isMarked; }
+
+    void copy();
 
 Q_SIGNALS:
     // The pointer went down on the row, or on one of its buttons.

@@ -8,8 +8,10 @@
 #include <QAbstractScrollArea>
 #include <QIcon>
 #include <QPainter>
-#include <QPainterPath>
 #include <QStyle>
+#include <algorithm>
+#include <array>
+#include <numbers>
 
 namespace korvan {
 
@@ -97,6 +99,25 @@ QColor labelColor(const QStyleOptionButton& button, const QWidget* widget) {
 }
 
 } // namespace
+
+QPainterPath smoothRectangle(const QRectF& rect, double radius) {
+    // From where a corner begins, and where its two handles are, counted from its tip: an arc would
+    // begin at 1. The middle of the curve is that of the arc.
+    const double begin = std::min(1.53 * radius, std::min(rect.width(), rect.height()) / 2);
+    const double handle = (8 * (1 - std::numbers::sqrt2 / 2) * radius - begin) / 3;
+    const std::array tips{rect.topLeft(), rect.topRight(), rect.bottomRight(), rect.bottomLeft()};
+    const std::array ways{QPointF(1, 0), QPointF(0, 1), QPointF(-1, 0), QPointF(0, -1)};
+    QPainterPath path(tips[0] + begin * ways[0]);
+    for (const std::size_t corner : {1U, 2U, 3U, 0U}) {
+        const QPointF& tip = tips[corner];
+        const QPointF& in = ways[(corner + 3) % 4];
+        const QPointF& out = ways[corner];
+        path.lineTo(tip - begin * in);
+        path.cubicTo(tip - handle * in, tip + handle * out, tip + begin * out);
+    }
+    path.closeSubpath();
+    return path;
+}
 
 void drawFocusRing(QPainter& painter, const QRect& rect, const QPalette& palette) {
     const Painting painting(painter);

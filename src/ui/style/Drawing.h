@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QPainterPath>
 #include <QRect>
 #include <QStyleOption>
 
@@ -9,6 +10,10 @@ class QWidget;
 
 // How the parts of controls look, each from its option's palette and state. KorvanStyle calls them.
 namespace korvan {
+
+// A rectangle with round corners, for widgets that draw themselves. Its sides bend into the corners
+// little by little, where those of an arc of the same radius begin with a jump.
+[[nodiscard]] QPainterPath smoothRectangle(const QRectF& rect, double radius);
 
 // A ring in the accent colour just inside of `rect`.
 void drawFocusRing(QPainter& painter, const QRect& rect, const QPalette& palette);

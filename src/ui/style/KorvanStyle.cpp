@@ -6,6 +6,7 @@
 #include "ui/style/Symbols.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QComboBox>
 #include <QDialog>
 #include <QHeaderView>
@@ -114,11 +115,7 @@ QRect scrollBarPart(const QStyleOptionSlider& bar, QStyle::SubControl part) {
     }
 }
 
-} // namespace
-
-KorvanStyle::KorvanStyle() : QProxyStyle(QStringLiteral("fusion")) {}
-
-QPalette KorvanStyle::standardPalette() const {
+QPalette lightPalette() {
     QPalette palette(QColor(0xfcfcfd), QColor(0xf3f3f5));
     const QColor text(0x1e1e22);
     const QColor pale(0xa4a4ab);
@@ -140,6 +137,45 @@ QPalette KorvanStyle::standardPalette() const {
     palette.setColor(QPalette::ToolTipText, text);
     palette.setColor(QPalette::Link, QColor(0x2b65d9));
     return palette;
+}
+
+// Greys as neutral as the light ones. Lists lie deeper than the window, as they lie higher there.
+QPalette darkPalette() {
+    QPalette palette(QColor(0x36363b), QColor(0x27272a));
+    const QColor text(0xe9e9ed);
+    const QColor pale(0x77777f);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(role, text);
+        palette.setColor(QPalette::Disabled, role, pale);
+    }
+    palette.setColor(QPalette::Base, QColor(0x1e1e20));
+    palette.setColor(QPalette::Disabled, QPalette::Base, QColor(0x242427));
+    palette.setColor(QPalette::AlternateBase, QColor(0x232326));
+    palette.setColor(QPalette::Highlight, QColor(0x3a70dc));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Inactive, QPalette::Highlight, QColor(0x43454c));
+    palette.setColor(QPalette::Inactive, QPalette::HighlightedText, text);
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(0x43454c));
+    palette.setColor(QPalette::Disabled, QPalette::HighlightedText, pale);
+    palette.setColor(QPalette::PlaceholderText, QColor(0x9a9aa2));
+    palette.setColor(QPalette::ToolTipBase, QColor(0x36363b));
+    palette.setColor(QPalette::ToolTipText, text);
+    palette.setColor(QPalette::Link, QColor(0x86adff));
+    return palette;
+}
+
+} // namespace
+
+KorvanStyle::KorvanStyle() : QProxyStyle(QStringLiteral("fusion")) {}
+
+void KorvanStyle::setScheme(Scheme scheme) {
+    if (scheme == m_scheme) return;
+    m_scheme = scheme;
+    QApplication::setPalette(QPalette()); // asks the desktop, and then this style, again
+}
+
+QPalette KorvanStyle::standardPalette() const {
+    return m_scheme == Scheme::dark ? darkPalette() : lightPalette();
 }
 
 // Where a desktop brings no palette, the toolkit offers Fusion's as if it were the desktop's.
@@ -182,7 +218,7 @@ int KorvanStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     case PM_ScrollBarSliderMin: return kLeastSlider;
     case PM_ScrollView_ScrollBarSpacing:
     case PM_ScrollView_ScrollBarOverlap: return 0;
-    case PM_SplitterWidth: return 1; // drawn as a hairline; the toolkit widens what can be grabbed
+    case PM_SplitterWidth: // drawn as a hairline; the toolkit widens what can be grabbed
     case PM_MenuPanelWidth: return 1;
     case PM_MenuHMargin:
     case PM_MenuVMargin: return 4;
@@ -200,7 +236,7 @@ int KorvanStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWi
                            QStyleHintReturn* data) const {
     switch (hint) {
     case SH_Widget_Animation_Duration:
-    case SH_Widget_Animate: return 0;
+    case SH_Widget_Animate:
     case SH_ComboBox_Popup: return 0; // a list below the box, not a menu over it
     case SH_ComboBox_PopupFrameStyle: return static_cast<int>(QFrame::StyledPanel) | QFrame::Plain;
     case SH_DialogButtonBox_ButtonsHaveIcons:

@@ -31,31 +31,30 @@ protected:
     Workspaces() {
         static int count = 0;
         static QApplication application(count, nullptr);
-        fs::create_directory(m_folder.path() / "bin");
-        ::setenv("PATH", (m_folder.path() / "bin").c_str(), 1);
-        ::setenv("XDG_RUNTIME_DIR", m_folder.path().c_str(), 1);
+        fs::create_directory(folder.path() / "bin");
+        ::setenv("PATH", (folder.path() / "bin").c_str(), 1);
+        ::setenv("XDG_RUNTIME_DIR", folder.path().c_str(), 1);
         ::setenv("DISPLAY", ":0", 1);
         ::setenv("XDG_CURRENT_DESKTOP", "", 1);
         ::unsetenv("WAYLAND_DISPLAY");
-        program("my helper", "echo \"$# $1\" > '" + m_trace.string() + "'; exec \"$1\"");
+        program("my helper", "echo \"$# $1\" > '" + trace.string() + "'; exec \"$1\"");
         program("script", "exit 0");
     }
 
     std::string program(const std::string& name, const std::string& lines) {
-        const auto path = m_folder.file(name, "#!/bin/sh\n" + lines + "\n");
+        const auto path = folder.file(name, "#!/bin/sh\n" + lines + "\n");
         fs::permissions(path, fs::perms(0755));
         return path;
     }
 
     bool open() {
-        return m_workspace->openFile(m_folder.path() / "script", "Terminal",
-                                     [this] { ++m_refusals; });
+        return workspace->openFile(folder.path() / "script", "Terminal", [this] { ++refusals; });
     }
 
-    TemporaryFolder m_folder;
-    fs::path m_trace = m_folder.path() / "trace";
-    std::optional<DesktopWorkspace> m_workspace{m_folder.path() / "my helper"};
-    int m_refusals = 0;
+    TemporaryFolder folder;
+    fs::path trace = folder.path() / "trace";
+    std::optional<DesktopWorkspace> workspace{folder.path() / "my helper"};
+    int refusals = 0;
 };
 
 TEST_F(Workspaces, HandEachTerminalTwoPlainWordsInItsOwnForm) {
@@ -63,7 +62,7 @@ TEST_F(Workspaces, HandEachTerminalTwoPlainWordsInItsOwnForm) {
     for (const std::string form :
          {"xdg-terminal-exec", "x-terminal-emulator -e", "gnome-terminal --", "konsole -e",
           "xfce4-terminal -x", "mate-terminal -x", "lxterminal -e", "tilix -e", "terminator -x",
-          "qterminal -e", "sakura -x", "xterm -e", "kitty", "alacritty -e", "foot",
+          "qterminal -e", "sakura -e", "xterm -e", "kitty", "alacritty -e", "foot",
           "wezterm start --"}) {
         const auto end = std::min(form.find(' '), form.size());
         // Takes its options and then words that a shell may take apart again, as some do.
@@ -72,12 +71,12 @@ TEST_F(Workspaces, HandEachTerminalTwoPlainWordsInItsOwnForm) {
                                               "; do [ \"$1\" = $option ] || exit 1; shift; done\n"
                                               "eval exec $*");
         ASSERT_TRUE(open()) << form;
-        ASSERT_TRUE(happens([&] { return textOf(m_trace).ends_with("\n"); })) << form;
-        EXPECT_EQ(textOf(m_trace), "1 " + (m_folder.path() / "script\n").string());
-        fs::remove(m_trace);
+        ASSERT_TRUE(happens([&] { return textOf(trace).ends_with("\n"); })) << form;
+        EXPECT_EQ(textOf(trace), "1 " + (folder.path() / "script\n").string());
+        fs::remove(trace);
         fs::remove(terminal);
     }
-    EXPECT_FALSE(happens([&] { return m_refusals > 0; }, 100));
+    EXPECT_FALSE(happens([&] { return refusals > 0; }, 100));
 }
 
 TEST_F(Workspaces, PreferTheUsersTerminalThenTheSystemsThenTheDesktops) {
@@ -94,7 +93,7 @@ TEST_F(Workspaces, PreferTheUsersTerminalThenTheSystemsThenTheDesktops) {
     environment.currentDesktop = "X-None:MATE";
     environment.waylandDisplay = "wayland-0";
     EXPECT_EQ(order(), "mate-terminal konsole foot xterm ");
-    const fs::path choice = m_folder.path() / "bin" / "x-terminal-emulator";
+    const fs::path choice = folder.path() / "bin" / "x-terminal-emulator";
     fs::create_symlink("gnome-terminal.wrapper", choice);
     EXPECT_EQ(order(), "x-terminal-emulator mate-terminal konsole foot xterm ");
     program("bin/gnome-terminal", "");
@@ -105,41 +104,41 @@ TEST_F(Workspaces, PreferTheUsersTerminalThenTheSystemsThenTheDesktops) {
 }
 
 TEST_F(Workspaces, GoOnToTheNextTerminalAfterAnEarlyFailureOnly) {
-    const std::string trace = " >> '" + m_trace.string() + "'";
-    program("bin/gnome-terminal", "echo 1" + trace + "; exit 1");
-    program("bin/konsole", "echo 2" + trace + "; kill -9 $$");
-    const std::string last = program("bin/xterm", "echo 3" + trace + "; /bin/sleep 0.5; exit 1");
+    const std::string note = " >> '" + trace.string() + "'";
+    program("bin/gnome-terminal", "echo 1" + note + "; exit 1");
+    program("bin/konsole", "echo 2" + note + "; kill -9 $$");
+    const std::string last = program("bin/xterm", "echo 3" + note + "; /bin/sleep 0.5; exit 1");
     ASSERT_TRUE(open());
-    ASSERT_TRUE(happens([&] { return textOf(m_trace) == "1\n2\n3\n"; })) << textOf(m_trace);
+    ASSERT_TRUE(happens([&] { return textOf(trace) == "1\n2\n3\n"; })) << textOf(trace);
     siginfo_t child{};
     const auto hasChild = [&] {
         return ::waitid(P_ALL, 0, &child, WEXITED | WNOHANG | WNOWAIT) == 0;
     };
     EXPECT_TRUE(hasChild());
     EXPECT_TRUE(happens([&] { return !hasChild(); })) << "a zombie stays";
-    EXPECT_EQ(m_refusals, 0) << "a late failure is not the terminal's";
+    EXPECT_EQ(refusals, 0) << "a late failure is not the terminal's";
 
     fs::remove(last);
     ASSERT_TRUE(open()) << "the answer does not wait";
-    EXPECT_TRUE(happens([&] { return m_refusals > 0; }));
+    EXPECT_TRUE(happens([&] { return refusals > 0; }));
     ASSERT_TRUE(open());
-    m_workspace.reset();
-    EXPECT_FALSE(happens([&] { return m_refusals > 1; }, 400)) << "told twice, or by the dead";
+    workspace.reset();
+    EXPECT_FALSE(happens([&] { return refusals > 1; }, 400)) << "told twice, or by the dead";
 }
 
 TEST_F(Workspaces, AnswerNoWhereATerminalWouldFailSilently) {
     EXPECT_FALSE(open()) << "no terminal";
     program("bin/xterm", "");
     EXPECT_TRUE(open());
-    EXPECT_FALSE(m_workspace->openFile(m_folder.path() / "script", "Editor", [] {}));
-    EXPECT_FALSE(m_workspace->openFile(m_folder.path() / "none", "Terminal", [] {}));
+    EXPECT_FALSE(workspace->openFile(folder.path() / "script", "Editor", [] {}));
+    EXPECT_FALSE(workspace->openFile(folder.path() / "none", "Terminal", [] {}));
     ::unsetenv("DISPLAY");
     EXPECT_FALSE(open()) << "no display";
     ::setenv("DISPLAY", ":0", 1);
-    fs::permissions(m_folder.file("script", "#!/no/such/shell\n"), fs::perms(0755));
+    fs::permissions(folder.file("script", "#!/no/such/shell\n"), fs::perms(0755));
     EXPECT_FALSE(open()) << "no interpreter";
     program("script", "");
-    fs::remove(m_folder.path() / "my helper");
+    fs::remove(folder.path() / "my helper");
     EXPECT_FALSE(open()) << "no helper";
 }
 

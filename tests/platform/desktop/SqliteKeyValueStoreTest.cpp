@@ -154,19 +154,6 @@ TEST_F(SqliteStore, ReadsADatabaseThatItMayNotWrite) {
     setMode(m_path.parent_path(), 0755);
 }
 
-TEST_F(SqliteStore, LosesNoWriteOfTwoProcessesThatStartTogether) {
-    const auto writeAll = [&](const std::string& name) {
-        SqliteKeyValueStore store(m_path);
-        for (int i = 0; i < 100; ++i)
-            if (!store.setData(name + std::to_string(i), std::string(70'000, 'x'))) return false;
-        return true;
-    };
-    auto first = inChild([&] { return writeAll("a"); });
-    auto second = inChild([&] { return writeAll("b"); });
-    EXPECT_TRUE(first() && second()) << "a writer gave up";
-    EXPECT_EQ(ask("SELECT count(*) FROM defaults WHERE length(value) = 70000"), "200");
-}
-
 TEST_F(SqliteStore, SharesItsFileWithAnotherWindowAndNoticesANewOne) {
     SqliteKeyValueStore window(m_path);
     ASSERT_TRUE(m_store.setData("key", "first"));
