@@ -36,6 +36,8 @@ SnippetList::~SnippetList() = default;
 
 bool SnippetList::isUpToDate() const { return m_shown.revision == m_view.snippetStore.revision(); }
 
+bool SnippetList::isLaidOut() const { return m_metrics && isUpToDate(); }
+
 void SnippetList::refresh() {
     Shown wanted{m_view.snippetStore.revision(), m_view.snippetSearch, std::nullopt};
     if (const SSHProfile* profile = m_view.selectedProfile()) wanted.profile = *profile;
@@ -84,7 +86,7 @@ std::size_t SnippetList::rowAt(int y) const {
 }
 
 void SnippetList::showVisibleRows(Content content) {
-    if (!isUpToDate() || !m_metrics) return;
+    if (!isLaidOut()) return;
     const int scrolled = verticalScrollBar()->value();
     const std::size_t first = rowAt(scrolled);
     const std::size_t last =
@@ -159,7 +161,7 @@ void SnippetList::announceCurrentRow() {
 }
 
 void SnippetList::moveTo(std::ptrdiff_t row) {
-    if (m_snippets.empty() || !isUpToDate()) return;
+    if (m_snippets.empty() || !isLaidOut()) return;
     const auto last = static_cast<std::ptrdiff_t>(m_snippets.size()) - 1;
     m_current = static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(row, 0, last));
     QScrollBar* bar = verticalScrollBar();
@@ -184,7 +186,7 @@ void SnippetList::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_End: return moveTo(static_cast<std::ptrdiff_t>(m_snippets.size()));
     case Qt::Key_PageUp:
     case Qt::Key_PageDown: {
-        if (!isUpToDate()) return;
+        if (!isLaidOut()) return;
         const int way =
             event->key() == Qt::Key_PageUp ? -viewport()->height() : viewport()->height();
         return moveTo(static_cast<std::ptrdiff_t>(rowAt(std::max(m_tops[m_current] + way, 0))));

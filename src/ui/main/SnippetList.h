@@ -72,6 +72,7 @@ private:
     void moveTo(std::ptrdiff_t row);
     [[nodiscard]] std::size_t rowAt(int y) const;
     [[nodiscard]] bool isUpToDate() const;
+    [[nodiscard]] bool isLaidOut() const; // and every row has its place
 
     ContentView& m_view;
     Shown m_shown;
