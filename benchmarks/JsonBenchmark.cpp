@@ -3,6 +3,7 @@
 // Decodes and encodes profile lists beside other libraries, on the same bytes in the same run.
 // Before anything is measured, everybody's result is compared with ours.
 #include "Competitors.h"
+#include "Samples.h"
 #include "model/RecordList.h"
 
 #include <benchmark/benchmark.h>
@@ -14,39 +15,6 @@ namespace korvan {
 
 namespace {
 
-Uuid uuidOf(std::size_t number) {
-    std::array<char, Uuid::kTextLength + 1> text{};
-    const std::size_t scattered = number * 0x9E3779B97F4A7C15U;
-    std::snprintf(text.data(), text.size(), "%08zX-%04zX-4%03zX-8000-%012zX", scattered >> 32,
-                  scattered & 0xFFFF, number & 0xFFF, scattered & 0xFFFFFFFFFFFF);
-    return Uuid::parse(text.data()).value();
-}
-
-// Profiles as people have them: some names with umlauts, most keys in the home folder, some with
-// extra arguments, a password note or a category.
-std::vector<SSHProfile> makeProfiles(std::size_t count) {
-    constexpr std::array<const char*, 5> places = {"Büro", "Keller", "Rechenzentrum", "Küche",
-                                                   "Zuhause"};
-    constexpr std::array<const char*, 4> users = {"root", "admin", "pi", "deploy"};
-    std::vector<SSHProfile> profiles;
-    profiles.reserve(count);
-    for (std::size_t i = 0; i < count; ++i) {
-        SSHProfile& profile = profiles.emplace_back(uuidOf(i));
-        const std::string number = std::to_string(i);
-        profile.name = std::string("Server ") + places[i % places.size()] + " " + number;
-        profile.host =
-            i % 3 == 0 ? "192.168." + std::to_string(i / 256 % 256) + "." + std::to_string(i % 256)
-                       : "host-" + number + ".intern.example.org";
-        profile.user = users[i % users.size()];
-        profile.port = i % 5 == 0 ? 2222 : 22;
-        if (i % 4 != 0) profile.identityFile = "/home/" + profile.user + "/.ssh/id_ed25519";
-        if (i % 7 == 0) profile.password = "steht im Tresor, Fach " + number;
-        if (i % 6 == 0) profile.extraArgs = "-o StrictHostKeyChecking=no -J user@jump-host";
-        if (i % 2 == 0) profile.categoryId = uuidOf(1'000'000 + i % 10);
-    }
-    return profiles;
-}
-
 struct Sample {
     std::vector<SSHProfile> profiles;
     std::string json;
@@ -54,10 +22,10 @@ struct Sample {
 
 // The sample of each size is made once and shared by all who are measured on it.
 const Sample& sampleOf(const benchmark::State& state) {
-    static std::map<std::int64_t, Sample> samples;
-    Sample& sample = samples[state.range(0)];
+    static std::map<std::int64_t, Sample> made;
+    Sample& sample = made[state.range(0)];
     if (sample.profiles.empty()) {
-        sample.profiles = makeProfiles(static_cast<std::size_t>(state.range(0)));
+        sample.profiles = samples::makeProfiles(static_cast<std::size_t>(state.range(0)));
         sample.json = encodeList(sample.profiles);
         sample.json.reserve(sample.json.size() + 64);
     }
@@ -116,7 +84,7 @@ void require(bool isTrue, const char* what) {
 }
 
 void compareResults() {
-    const std::vector<SSHProfile> profiles = makeProfiles(1'000);
+    const std::vector<SSHProfile> profiles = samples::makeProfiles(1'000);
     std::string json = encodeList(profiles);
     json.reserve(json.size() + 64);
     require(decodeOurselves(json) == profiles, "our own decoding");

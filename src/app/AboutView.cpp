@@ -4,12 +4,12 @@
 #include "app/VersionText.h"
 #include "platform/desktop/QtText.h"
 #include "ui/style/Controls.h"
+#include "ui/style/Drawing.h"
 #include "ui/style/Symbols.h"
 
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QPainter>
-#include <QPainterPath>
 #include <QVBoxLayout>
 
 namespace korvan {
@@ -34,14 +34,12 @@ public:
 
 protected:
     void paintEvent(QPaintEvent*) override {
-        QPainterPath outline;
-        outline.addRoundedRect(rect(), kIconRadius, kIconRadius);
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
-        // Filled with the icon instead of clipped to the outline: clipping leaves jagged edges.
+        // Filled with the icon instead of clipped to it: clipping leaves jagged edges.
         painter.setBrush(QBrush(m_icon.pixmap(size(), devicePixelRatioF())));
-        painter.drawPath(outline);
+        painter.drawPath(smoothRectangle(rect(), kIconRadius));
     }
 
 private:
@@ -59,7 +57,6 @@ Label* makeText(const QString& text, TextStyle style,
 
 AboutView::AboutView(const BundleInformation& bundle, QWidget* parent) : QDialog(parent) {
     setWindowTitle(QStringLiteral("Über Korvan"));
-    setFixedSize(kSize);
     const auto secondary = [](const QString& text) {
         return makeText(text, TextStyle::body, SemanticColor::secondary);
     };
@@ -94,6 +91,9 @@ AboutView::AboutView(const BundleInformation& bundle, QWidget* parent) : QDialog
     frame->addStretch();
     frame->addLayout(column);
     frame->addStretch();
+    // Where the desktop's text is so large that it does not fit, better a higher sheet than rows
+    // one over the other.
+    setFixedSize(kSize.expandedTo({0, frame->totalHeightForWidth(kSize.width())}));
     close->setFocus();
 }
 

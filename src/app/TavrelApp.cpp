@@ -2,6 +2,7 @@
 #include "app/TavrelApp.h"
 
 #include "app/AboutView.h"
+#include "app/Activation.h"
 #include "app/ProgramBundle.h"
 #include "platform/desktop/SqliteKeyValueStore.h"
 #include "ui/main/ContentView.h"
@@ -30,15 +31,15 @@ TavrelApp::TavrelApp(std::filesystem::path database, const std::filesystem::path
 
 TavrelApp::~TavrelApp() = default;
 
-void TavrelApp::openWindow() {
+void TavrelApp::openWindow(const QString& activationToken) {
     const auto& scene = m_scenes.emplace_back(std::make_unique<Scene>(m_database, m_desktop));
     const Scene* opened = scene.get();
-    connect(&scene->window, &ContentWindow::newWindowRequested, this, &TavrelApp::openWindow);
+    connect(&scene->window, &ContentWindow::newWindowRequested, this, [this] { openWindow(); });
     // Queued: the window is still in use while it says that it closes.
     connect(
         &scene->window, &ContentWindow::closed, this, [this, opened] { closeScene(opened); },
         Qt::QueuedConnection);
-    scene->window.show();
+    showInFront(scene->window, activationToken);
 }
 
 void TavrelApp::closeScene(const Scene* scene) {

@@ -26,7 +26,9 @@ public:
     TavrelApp(std::filesystem::path database, const std::filesystem::path& helperProgram);
     ~TavrelApp() override;
 
-    void openWindow();
+    // The window may come to the front of those of other programs by `activationToken`, which says
+    // for what the user did it opens; without one, the desktop decides.
+    void openWindow(const QString& activationToken = {});
 
 private:
     struct Scene;

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "app/Activation.h"
+#include "app/ApplicationService.h"
 #include "app/TavrelApp.h"
+#include "platform/desktop/DesktopSettings.h"
 #include "platform/desktop/DesktopWorkspace.h"
 #include "platform/desktop/QtText.h"
 #include "platform/desktop/SqliteKeyValueStore.h"
@@ -11,9 +14,19 @@
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
+#include <chrono>
 #include <csignal>
 
 namespace {
+
+using korvan::DesktopSettings;
+using korvan::KorvanStyle;
+
+// How long the first window waits for what the desktop wants it to look like. A portal that runs,
+// or a bus that knows of none, has answered after half a millisecond, so that no window comes up
+// light on a dark desktop. One that is only being started would hold up the window: it is followed
+// later.
+constexpr std::chrono::milliseconds kSettingsPatience(25);
 
 // The interface is German, and so are the toolkit's own texts, whatever the desktop's language.
 void speakGerman(QApplication& application, QTranslator& translator) {
@@ -23,22 +36,43 @@ void speakGerman(QApplication& application, QTranslator& translator) {
     application.setLayoutDirection(Qt::LeftToRight);
 }
 
+void follow(const DesktopSettings& settings, KorvanStyle& style) {
+    style.setScheme(settings.colorScheme() == DesktopSettings::ColorScheme::dark
+                        ? KorvanStyle::Scheme::dark
+                        : KorvanStyle::Scheme::light);
+    style.setMotion(settings.reducesMotion() ? KorvanStyle::Motion::reduced
+                                             : KorvanStyle::Motion::full);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     // Whoever started us may ignore the end of his children; we want to know of ours.
     std::signal(SIGCHLD, SIG_DFL);
+    // The toolkit takes it out of the environment.
+    const QString activationToken = korvan::activationTokenOfThisStart();
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"korvan"_qs);
-    QApplication::setApplicationDisplayName(u"Korvan"_qs);
     QGuiApplication::setDesktopFileName(u"" KORVAN_IDENTIFIER ""_qs);
-    QApplication::setStyle(new korvan::KorvanStyle);
+    const auto database = korvan::defaultDatabasePath();
+    korvan::ApplicationService service(korvan::screenName() + u'|' +
+                                       korvan::toQString(database.native()));
+    if (service.handOver(activationToken)) return 0;
+    korvan::DesktopSettings settings;
+    auto* style = new korvan::KorvanStyle;
+    QApplication::setStyle(style);
     QApplication::setWindowIcon(korvan::applicationIcon());
     QTranslator translator;
     speakGerman(application, translator);
 
     const std::string folder = korvan::fromQString(QApplication::applicationDirPath());
-    korvan::TavrelApp app(korvan::defaultDatabasePath(), korvan::helperProgramPath(folder));
-    app.openWindow();
+    korvan::TavrelApp app(database, korvan::helperProgramPath(folder));
+    QObject::connect(&service, &korvan::ApplicationService::windowRequested, &app,
+                     &korvan::TavrelApp::openWindow);
+    settings.waitForAnswers(kSettingsPatience);
+    follow(settings, *style);
+    QObject::connect(&settings, &korvan::DesktopSettings::changed, style,
+                     [&settings, style] { follow(settings, *style); });
+    service.requestFirstWindow();
     return QApplication::exec();
 }

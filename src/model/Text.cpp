@@ -86,20 +86,45 @@ icu::UnicodeString toUnicode(std::string_view text) {
     return icu::UnicodeString::fromUTF8(valid);
 }
 
-// `text` in the form that is searched: full lower case, and the sigma that ends a word written as
-// any other, since whether a sigma ends a word depends on where the word was cut.
-void appendSearchForm(std::string& out, std::string_view text) {
-    if (isAscii(text)) {
-        for (const char character : text)
-            out += character >= 'A' && character <= 'Z' ? static_cast<char>(character | 0x20)
-                                                        : character;
-        return;
+char lowerAscii(char character) {
+    return character >= 'A' && character <= 'Z' ? static_cast<char>(character | 0x20) : character;
+}
+
+// Writes `text` to `out` in lower case where that is quickly done: in ASCII and the letters from
+// U+00C0 to U+00FF. Answers false where there is any other character, and `out` is of no use then.
+bool lowerPlain(std::string& out, std::string_view text) {
+    constexpr char lead = '\xC3';
+    out.resize(text.size());
+    bool isAfterLead = false;
+    bool isPlain = true;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char character = text[i];
+        const auto byte = static_cast<std::uint8_t>(character);
+        if (isAfterLead) {
+            // From À to Þ, without the sign between them, 32 characters below their small letters.
+            const bool isCapital = byte <= 0x9E && byte != 0x97;
+            out[i] = isCapital ? static_cast<char>(byte | 0x20) : character;
+            isPlain = isPlain && (byte & 0xC0) == 0x80;
+            isAfterLead = false;
+        } else {
+            out[i] = lowerAscii(character);
+            isAfterLead = character == lead;
+            isPlain = isPlain && (byte < 0x80 || isAfterLead);
+        }
     }
+    return isPlain && !isAfterLead;
+}
+
+// Writes `text` to `out` in the form that is searched: full lower case, and the sigma that ends a
+// word written as any other, since whether a sigma ends a word depends on where the word was cut.
+void writeSearchForm(std::string& out, std::string_view text) {
+    if (lowerPlain(out, text)) return;
     constexpr char16_t finalSigma = u'\u03C2';
     constexpr char16_t sigma = u'\u03C3';
     icu::UnicodeString lower = toUnicode(text).toLower(icu::Locale::getRoot());
     for (std::int32_t i = 0; i < lower.length(); ++i)
         if (lower[i] == finalSigma) lower.setCharAt(i, sigma);
+    out.clear();
     lower.toUTF8String(out);
 }
 
@@ -156,14 +181,12 @@ std::string canonicalForm(std::string_view text) {
     return form;
 }
 
-TextSearch::TextSearch(std::string_view query) { appendSearchForm(m_query, trimmed(query)); }
+TextSearch::TextSearch(std::string_view query) { writeSearchForm(m_query, trimmed(query)); }
 
-bool TextSearch::isFoundIn(std::string_view text) const {
+bool TextSearch::isFoundIn(std::string_view text) {
     if (m_query.empty()) return true;
-    std::string form;
-    form.reserve(text.size());
-    appendSearchForm(form, text);
-    return form.find(m_query) != std::string::npos;
+    writeSearchForm(m_form, text);
+    return m_form.find(m_query) != std::string::npos;
 }
 
 } // namespace korvan

@@ -34,10 +34,11 @@ public:
 
     // Whether `text` contains the query, both in full Unicode lower case. A capital sigma at the
     // end of a word and inside of one count as the same letter.
-    [[nodiscard]] bool isFoundIn(std::string_view text) const;
+    [[nodiscard]] bool isFoundIn(std::string_view text);
 
 private:
     std::string m_query;
+    std::string m_form; // of the text looked at last; its memory serves the next one
 };
 
 } // namespace korvan

@@ -71,12 +71,13 @@ start_program() {
 
 has_ended() { ! kill -0 "$korvan"; }
 
-# activate WINDOW: gives it the keyboard, as a click on its title would.
+# activate WINDOW: gives it the keyboard, as a click on its title would. More than once, since the
+# window manager may just be starting.
 activate() {
-    xdotool windowactivate "$1"
-    within 10 is_active "$1" || fail "the window does not come to the front"
+    within 10 comes_to_front "$1" || fail "the window does not come to the front"
 }
 
+comes_to_front() { is_active "$1" || { xdotool windowactivate "$1" && is_active "$1"; }; }
 is_active() { [ "$(xdotool getactivewindow)" = "$1" ]; }
 
 # click X,Y [BUTTON OPTIONS...]: at a place counted from the corner of the window.
@@ -155,7 +156,7 @@ await_next_window() {
 
 is_next_window() { ! is_active "$1" && has_title "$2"; }
 
-has_title() { xdotool getactivewindow getwindowname | grep -qE "^$1( — Korvan)?$"; }
+has_title() { xdotool getactivewindow getwindowname | grep -qE "^$1$"; }
 
 await_main_window() {
     within 10 is_active "$window" || fail "the main window does not come back"

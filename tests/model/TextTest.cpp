@@ -26,6 +26,15 @@ TEST(TextSearch, IgnoresLetterCaseAndBlanksAroundTheQuery) {
     EXPECT_FALSE(TextSearch("ping  host").isFoundIn("Ping Host"));
 }
 
+TEST(TextSearch, LowersWhatItLowersByItselfAsTheStandardDoes) {
+    const auto letter = [](int number) { return std::string{'\xC3', static_cast<char>(number)}; };
+    for (int first = 0x80; first <= 0xBF; ++first)
+        for (int second = 0x80; second <= 0xBF; ++second)
+            EXPECT_EQ(TextSearch(letter(first)).isFoundIn(letter(second)),
+                      TextSearch(letter(first) + "Ω").isFoundIn(letter(second) + "Ω"));
+    EXPECT_TRUE(TextSearch("\xC3").isFoundIn("a\uFFFD"));
+}
+
 TEST(TextSearch, FindsAGreekCapitalWordInsideALongerOne) {
     // Alone, ΟΔΟΣ ends in a final sigma; inside of ΟΔΟΣΗΜΑΝΣΗ it does not.
     EXPECT_TRUE(TextSearch("ΟΔΟΣ").isFoundIn("ΟΔΟΣΗΜΑΝΣΗ"));

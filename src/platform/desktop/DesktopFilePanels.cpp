@@ -6,7 +6,10 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFileSystemModel>
 #include <QHeaderView>
+#include <QIdentityProxyModel>
+#include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTreeView>
@@ -29,12 +32,30 @@ QString nameFilter(const std::vector<std::string>& fileTypes) {
         .arg(names.join(QStringLiteral("/")), patterns.join(QLatin1Char(' ')));
 }
 
+// The files of the toolkit's own panel, which writes sizes and dates as the desktop's settings have
+// them, in the middle of German texts.
+class GermanFiles final : public QIdentityProxyModel {
+public:
+    using QIdentityProxyModel::QIdentityProxyModel;
+
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
+        const auto* files = qobject_cast<const QFileSystemModel*>(sourceModel());
+        const QModelIndex file = mapToSource(index);
+        if (role == Qt::DisplayRole && index.column() == 1 && files && !files->isDir(file))
+            return QLocale().formattedDataSize(files->size(file));
+        if (role == Qt::DisplayRole && index.column() == 3 && files)
+            return QLocale().toString(files->lastModified(file), QLocale::ShortFormat);
+        return QIdentityProxyModel::data(index, role);
+    }
+};
+
 // The toolkit's own panel, which is there where the desktop brings none, gives each column a width
 // that is too small for what it shows.
-void fitColumns(QFileDialog& dialog) {
+void completeOwnPanel(QFileDialog& dialog) {
     const auto* list = dialog.findChild<QTreeView*>();
     if (!list) return;
     dialog.resize(kOwnPanelSize);
+    dialog.setProxyModel(new GermanFiles(&dialog));
     QHeaderView* columns = list->header();
     columns->setSectionResizeMode(QHeaderView::ResizeToContents);
     columns->setSectionResizeMode(0, QHeaderView::Stretch);
@@ -42,7 +63,7 @@ void fitColumns(QFileDialog& dialog) {
 
 // The chosen path, empty when the user cancelled.
 QString run(QFileDialog& dialog) {
-    fitColumns(dialog);
+    completeOwnPanel(dialog);
     if (dialog.exec() != QDialog::Accepted) return {};
     const QStringList files = dialog.selectedFiles();
     return files.isEmpty() ? QString() : files.first();

@@ -67,6 +67,7 @@ private:
     std::filesystem::path m_path;
     std::chrono::milliseconds m_wait;
     std::chrono::steady_clock::time_point m_deadline;       // until when the current call waits
+    std::chrono::steady_clock::time_point m_lastVainWait;   // when it ended
     std::chrono::steady_clock::time_point m_lastChange;     // of this object
     std::map<std::string, Error, std::less<>> m_unreadKeys; // whose last read failed, and why
 

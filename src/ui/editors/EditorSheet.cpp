@@ -3,8 +3,8 @@
 
 #include "platform/desktop/QtText.h"
 #include "ui/style/Controls.h"
+#include "ui/style/Notice.h"
 
-#include <QAccessible>
 #include <QFormLayout>
 #include <QLineEdit>
 #include <limits>
@@ -29,7 +29,6 @@ EditorSheet::EditorSheet(int width, int padding, QWidget* parent)
     m_stack->setSpacing(kStackSpacing);
     static_cast<QVBoxLayout*>(m_stack)->addStrut(width - 2 * padding);
 
-    m_title->setBold();
     m_stack->addWidget(m_title);
     m_form->setContentsMargins(0, 0, 0, 0);
     m_form->setVerticalSpacing(kRowSpacing);
@@ -53,6 +52,7 @@ void EditorSheet::addRow(const QString& label, QWidget* field, QLayout* row) {
 void EditorSheet::addWideRow(QLayout* content) { m_form->addRow(content); }
 
 void EditorSheet::complete(QWidget* firstField) {
+    makeNotice(*m_message);
     m_message->hide();
     m_stack->addWidget(m_message);
 
@@ -94,6 +94,7 @@ void EditorSheet::refresh() {
     const QString message = toQString(validationError().value_or(""));
     if (m_message->text() != message) {
         m_message->setText(message);
+        m_message->setAccessibleName(message);
         m_message->setVisible(!message.isEmpty());
     }
 }
@@ -101,12 +102,12 @@ void EditorSheet::refresh() {
 void EditorSheet::save() {
     if (m_hasEnded) return;
     m_hasEnded = true; // before the callback: whatever it does, nothing is saved a second time
+    const bool wasShown = m_message->isVisible();
     commit();
     refresh();
     m_hasEnded = !validationError();
     if (m_hasEnded) return accept();
-    QAccessibleEvent announcement(m_message, QAccessible::Alert);
-    QAccessible::updateAccessibility(&announcement);
+    if (wasShown) announce(*m_message, m_message->text()); // it speaks for itself when it comes
 }
 
 void EditorSheet::reject() {

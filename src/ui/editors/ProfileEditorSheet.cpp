@@ -117,6 +117,7 @@ void ProfileEditorSheet::addIdentityFileRow() {
     m_clearIdentityFile =
         makeSymbolButton(QStringLiteral("xmark.circle.fill"), QStringLiteral("Key entfernen"));
     m_clearIdentityFile->setFocusPolicy(Qt::StrongFocus);
+    choose->setAutoDefault(false); // Return saves, also for someone who has just chosen a file
     connect(choose, &QPushButton::clicked, this, [this] {
         m_view.chooseIdentityFile(m_filePanels);
         refresh();

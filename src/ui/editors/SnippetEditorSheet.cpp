@@ -3,6 +3,7 @@
 
 #include "platform/desktop/QtText.h"
 #include "ui/style/Controls.h"
+#include "ui/style/Drawing.h"
 
 #include <QLineEdit>
 #include <QPainter>
@@ -38,8 +39,8 @@ protected:
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(line);
         painter.setBrush(palette().base());
-        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kFrameRadius,
-                                kFrameRadius);
+        painter.drawPath(
+            smoothRectangle(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kFrameRadius));
     }
 };
 

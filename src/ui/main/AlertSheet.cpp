@@ -34,9 +34,7 @@ AlertSheet::AlertSheet(const QString& title, const QString& message,
     stack->setContentsMargins(kPadding, kPadding, kPadding, kPadding);
     stack->setSpacing(0);
     stack->addStrut(kWidth - 2 * kPadding);
-    auto* titleLabel = new Label(title, TextStyle::headline);
-    titleLabel->setBold();
-    stack->addWidget(titleLabel);
+    stack->addWidget(new Label(title, TextStyle::headline));
     stack->addSpacing(kTitleSpacing);
 
     // An editor instead of a label: it breaks lines inside of words, such as long paths, and

@@ -131,7 +131,7 @@ void FilterRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
         QFontMetrics(font).elidedText(index.data().toString(), Qt::ElideRight, content.width());
     painter->drawText(content, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
 
-    // Seen by keyboard users only: where the next Return would filter.
+    // Where the next Return would filter.
     if (option.state.testFlag(QStyle::State_HasFocus)) {
         painter->setRenderHint(QPainter::Antialiasing);
         painter->setPen(colorFor(SemanticColor::accent, option.palette));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/CategorySidebar.h"
 
+#include "platform/desktop/QtText.h"
 #include "ui/main/CategoryListModel.h"
 #include "ui/style/Controls.h"
 
@@ -18,7 +19,6 @@ namespace {
 constexpr int kPadding = 12;
 constexpr int kSpacing = 10;
 constexpr int kMinimumWidth = 200;
-constexpr int kIdealWidth = 240;
 constexpr int kMaximumWidth = 380;
 
 } // namespace
@@ -29,7 +29,6 @@ CategorySidebar::CategorySidebar(ContentView& view, QWidget* parent)
     setAutoFillBackground(true);
     setMinimumWidth(kMinimumWidth);
     setMaximumWidth(kMaximumWidth);
-    resize(kIdealWidth, height());
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(kPadding, kPadding, kPadding, kPadding);
     layout->setSpacing(kSpacing);
@@ -91,11 +90,17 @@ void CategorySidebar::openMenu(const QModelIndex& index, QPoint globalPosition) 
     const SSHCategory chosen = *category;
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setAccessibleName(toQString(chosen.name));
     connect(menu->addAction(u"Umbenennen…"_qs), &QAction::triggered, this,
             [this, chosen] { m_view.renameCategory(chosen); });
     connect(menu->addAction(u"Löschen…"_qs), &QAction::triggered, this,
             [this, chosen] { m_view.requestDeleteCategory(chosen); });
     menu->popup(globalPosition);
+}
+
+void CategorySidebar::openMenuOfCurrentRow() {
+    const QModelIndex index = m_list->currentIndex();
+    openMenu(index, m_list->viewport()->mapToGlobal(m_list->visualRect(index).bottomLeft()));
 }
 
 bool CategorySidebar::eventFilter(QObject* watched, QEvent* event) {
@@ -104,15 +109,20 @@ bool CategorySidebar::eventFilter(QObject* watched, QEvent* event) {
         const bool isByKey = menu->reason() == QContextMenuEvent::Keyboard;
         // The list and its viewport both see the event; the mouse's belongs to the viewport.
         if (!isByKey && watched != m_list->viewport()) return false;
-        const QModelIndex index = isByKey ? m_list->currentIndex() : m_list->indexAt(menu->pos());
-        const QPoint place =
-            isByKey ? m_list->viewport()->mapToGlobal(m_list->visualRect(index).bottomLeft())
-                    : menu->globalPos();
-        openMenu(index, place);
+        if (isByKey)
+            openMenuOfCurrentRow();
+        else
+            openMenu(m_list->indexAt(menu->pos()), menu->globalPos());
         return true;
     }
     if (watched == m_list && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
+        const auto* press = static_cast<QKeyEvent*>(event);
+        const int key = press->key();
+        // For keyboards without a key for the menu; the toolkit knows only that one.
+        if (key == Qt::Key_F10 && press->modifiers() == Qt::ShiftModifier) {
+            openMenuOfCurrentRow();
+            return true;
+        }
         if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space) {
             chooseRow(m_list->currentIndex());
             return true;

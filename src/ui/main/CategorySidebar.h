@@ -18,6 +18,8 @@ class CategorySidebar final : public QWidget {
     Q_OBJECT
 
 public:
+    static constexpr int kIdealWidth = 240;
+
     explicit CategorySidebar(ContentView& view, QWidget* parent = nullptr);
 
     void refresh();
@@ -28,6 +30,7 @@ protected:
 private:
     QWidget* makeHeading();
     void chooseRow(const QModelIndex& index);
+    void openMenuOfCurrentRow();
     void openMenu(const QModelIndex& index, QPoint globalPosition);
 
     ContentView& m_view;

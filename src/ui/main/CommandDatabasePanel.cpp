@@ -33,6 +33,8 @@ CommandDatabasePanel::CommandDatabasePanel(ContentView& view, QWidget* parent)
     m_search->setPlaceholderText(u"Suchen…"_qs);
     m_search->setAccessibleName(u"Befehle suchen"_qs);
     m_search->setClearButtonEnabled(true);
+    for (auto* clear : m_search->findChildren<QToolButton*>())
+        clear->setAccessibleName(u"Suche leeren"_qs); // the toolkit gives it no name
     m_tip->setWordWrap(true);
     connect(m_search, &QLineEdit::textChanged, this,
             [this](const QString& text) { m_view.snippetSearch = fromQString(text); });

@@ -37,7 +37,7 @@ const SSHCategory* ContentView::selectedCategory() const {
 }
 
 std::vector<const CommandSnippet*> ContentView::filteredSnippets() const {
-    const TextSearch search(*snippetSearch);
+    TextSearch search(*snippetSearch);
     std::vector<const CommandSnippet*> found;
     for (const CommandSnippet& snippet : snippetStore.snippets())
         if (search.isFoundIn(snippet.title) || search.isFoundIn(snippet.commandTemplate) ||

@@ -24,7 +24,6 @@ namespace {
 
 constexpr QSize kMinimumSplit(980, 520);
 constexpr QSize kIdealSize(1460, 820);
-constexpr int kSidebarWidth = 240;
 constexpr int kTableWidth = 760;
 
 } // namespace
@@ -67,7 +66,8 @@ void ContentWindow::makeContent() {
     m_split->addWidget(m_splitter);
     m_split->setStretchFactor(0, 0);
     m_split->setStretchFactor(1, 1);
-    m_split->setSizes({kSidebarWidth, kTableWidth + CommandDatabasePanel::kIdealWidth});
+    m_split->setSizes(
+        {CategorySidebar::kIdealWidth, kTableWidth + CommandDatabasePanel::kIdealWidth});
 
     auto* content = new QWidget;
     auto* layout = new QVBoxLayout(content);

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/SnippetList.h"
 
+#include "actions/CommandExpansion.h"
+#include "ui/main/SnippetListAccess.h"
 #include "ui/main/SnippetRow.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QScrollBar>
@@ -19,6 +22,7 @@ constexpr int kScrollStep = 24;
 
 SnippetList::SnippetList(ContentView& view, QWidget* parent)
     : QAbstractScrollArea(parent), m_view(view) {
+    installSnippetListAccess();
     setObjectName(u"commands"_qs);
     setAccessibleName(u"Befehle"_qs);
     setFocusPolicy(Qt::StrongFocus);
@@ -26,12 +30,13 @@ SnippetList::SnippetList(ContentView& view, QWidget* parent)
     // Always there: a bar that comes and goes would change every row's width.
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     verticalScrollBar()->setSingleStep(kScrollStep);
-    refresh();
 }
 
 SnippetList::~SnippetList() = default;
 
 bool SnippetList::isUpToDate() const { return m_shown.revision == m_view.snippetStore.revision(); }
+
+bool SnippetList::isLaidOut() const { return m_metrics && isUpToDate(); }
 
 void SnippetList::refresh() {
     Shown wanted{m_view.snippetStore.revision(), m_view.snippetSearch, std::nullopt};
@@ -47,16 +52,31 @@ void SnippetList::refresh() {
 }
 
 void SnippetList::layOut() {
-    if (!isUpToDate()) return; // the refresh that is on its way does it
+    m_metrics.reset();
+    // Otherwise the refresh that is on its way does it, or the moment when the list is shown: until
+    // then its width is not the one that it will have.
+    if (!isUpToDate() || !isVisible()) return;
     m_metrics = std::make_unique<SnippetRowMetrics>(viewport()->width());
-    const SSHProfile* profile = m_shown.profile ? &*m_shown.profile : nullptr;
+    CommandExpansion expansion(m_shown.profile ? &*m_shown.profile : nullptr);
     m_tops.assign(1, 0);
     m_tops.reserve(m_snippets.size() + 1);
     for (const CommandSnippet* snippet : m_snippets)
-        m_tops.push_back(m_tops.back() + m_metrics->heightOf(*snippet, profile));
+        m_tops.push_back(m_tops.back() + m_metrics->heightOf(*snippet, expansion.of(*snippet)));
+    showPart(Content::changed);
+}
+
+void SnippetList::fit() {
+    // The heights of all rows follow from the width alone.
+    if (m_metrics && m_metrics->width() == viewport()->width())
+        showPart(Content::same);
+    else
+        layOut();
+}
+
+void SnippetList::showPart(Content content) {
     verticalScrollBar()->setPageStep(viewport()->height());
     verticalScrollBar()->setRange(0, std::max(0, m_tops.back() - viewport()->height()));
-    showVisibleRows(Content::changed);
+    showVisibleRows(content);
 }
 
 std::size_t SnippetList::rowAt(int y) const {
@@ -66,7 +86,7 @@ std::size_t SnippetList::rowAt(int y) const {
 }
 
 void SnippetList::showVisibleRows(Content content) {
-    if (!isUpToDate()) return;
+    if (!isLaidOut()) return;
     const int scrolled = verticalScrollBar()->value();
     const std::size_t first = rowAt(scrolled);
     const std::size_t last =
@@ -120,8 +140,28 @@ void SnippetList::markCurrentRow() {
     }
 }
 
+std::vector<SnippetRow*> SnippetList::visibleRows() const {
+    std::vector<SnippetRow*> rows;
+    rows.reserve(m_rows.size());
+    for (const auto& [place, row] : m_rows)
+        rows.push_back(row);
+    return rows;
+}
+
+SnippetRow* SnippetList::markedRow() const {
+    const auto row = m_rows.find(m_current);
+    return m_showsCurrent && row != m_rows.end() ? row->second : nullptr;
+}
+
+void SnippetList::announceCurrentRow() {
+    SnippetRow* row = markedRow();
+    if (!row) return;
+    QAccessibleEvent focus(row, QAccessible::Focus);
+    QAccessible::updateAccessibility(&focus);
+}
+
 void SnippetList::moveTo(std::ptrdiff_t row) {
-    if (m_snippets.empty() || !isUpToDate()) return;
+    if (m_snippets.empty() || !isLaidOut()) return;
     const auto last = static_cast<std::ptrdiff_t>(m_snippets.size()) - 1;
     m_current = static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(row, 0, last));
     QScrollBar* bar = verticalScrollBar();
@@ -132,6 +172,8 @@ void SnippetList::moveTo(std::ptrdiff_t row) {
     else if (bottom > bar->value() + viewport()->height())
         bar->setValue(bottom - viewport()->height());
     markCurrentRow();
+    // Later: when the keyboard comes to the list, Qt announces the list itself after this.
+    QMetaObject::invokeMethod(this, &SnippetList::announceCurrentRow, Qt::QueuedConnection);
 }
 
 void SnippetList::keyPressEvent(QKeyEvent* event) {
@@ -144,7 +186,7 @@ void SnippetList::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_End: return moveTo(static_cast<std::ptrdiff_t>(m_snippets.size()));
     case Qt::Key_PageUp:
     case Qt::Key_PageDown: {
-        if (!isUpToDate()) return;
+        if (!isLaidOut()) return;
         const int way =
             event->key() == Qt::Key_PageUp ? -viewport()->height() : viewport()->height();
         return moveTo(static_cast<std::ptrdiff_t>(rowAt(std::max(m_tops[m_current] + way, 0))));
@@ -161,7 +203,12 @@ void SnippetList::keyPressEvent(QKeyEvent* event) {
 
 void SnippetList::resizeEvent(QResizeEvent* event) {
     QAbstractScrollArea::resizeEvent(event);
-    layOut();
+    fit();
+}
+
+void SnippetList::showEvent(QShowEvent* event) {
+    QAbstractScrollArea::showEvent(event);
+    fit();
 }
 
 void SnippetList::scrollContentsBy(int, int) { showVisibleRows(Content::same); }

@@ -30,7 +30,13 @@ public:
 
     void refresh();
 
+    // Those that can be seen, from top to bottom.
+    [[nodiscard]] std::vector<SnippetRow*> visibleRows() const;
+    // The row that the keyboard is on, null when the keyboard is elsewhere.
+    [[nodiscard]] SnippetRow* markedRow() const;
+
 protected:
+    void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -50,23 +56,30 @@ private:
         friend bool operator==(const Shown&, const Shown&) = default;
     };
 
+    // Works out where each row is. Needed when the commands, the profile or the width changed.
     void layOut();
+    // Follows a change of the list's size.
+    void fit();
     // Makes, moves and lets go of rows so that those which can be seen are there. Rows that stay
     // keep what they show, unless their content may be another.
     enum class Content { same, changed };
     void showVisibleRows(Content content);
+    void showPart(Content content);
     [[nodiscard]] SnippetRow* takeSpareRow();
     void markCurrentRow();
+    // Tells a screen reader where the keyboard is in the list.
+    void announceCurrentRow();
     void moveTo(std::ptrdiff_t row);
     [[nodiscard]] std::size_t rowAt(int y) const;
     [[nodiscard]] bool isUpToDate() const;
+    [[nodiscard]] bool isLaidOut() const; // and every row has its place
 
     ContentView& m_view;
     Shown m_shown;
     std::vector<const CommandSnippet*> m_snippets; // valid while isUpToDate()
-    std::unique_ptr<SnippetRowMetrics> m_metrics;
-    std::vector<int> m_tops;                   // of each row, and the bottom of the last
-    std::map<std::size_t, SnippetRow*> m_rows; // those that can be seen, by place
+    std::unique_ptr<SnippetRowMetrics> m_metrics;  // none while the rows are not laid out
+    std::vector<int> m_tops;                       // of each row, and the bottom of the last
+    std::map<std::size_t, SnippetRow*> m_rows;     // those that can be seen, by place
     std::vector<SnippetRow*> m_spareRows;
     std::size_t m_current = 0;   // the row that the keyboard is on
     bool m_showsCurrent = false; // since the keyboard was used last

@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace korvan {
 
@@ -29,34 +30,66 @@ QFont titleFont() {
 
 QFont commandFont() { return fontFor(TextStyle::caption, FontDesign::monospaced); }
 
-bool isPlainAscii(const std::string& text) {
-    return std::ranges::all_of(text,
-                               [](char character) { return character >= ' ' && character < 0x7F; });
+// The letters of Latin-1 beyond ASCII, umlauts among them. In UTF-8 all of them begin with kLead.
+constexpr char16_t kFirstLetter = u'\u00C0';
+constexpr char16_t kLastLetter = u'\u00FF';
+constexpr char kLead = '\xC3';
+
+QString accentedLetters() {
+    QString letters;
+    for (char16_t letter = kFirstLetter; letter <= kLastLetter; ++letter)
+        letters += QChar(letter);
+    return letters;
+}
+
+// How many characters a text has that consists of visible ASCII and accented letters; nothing for
+// any other.
+std::optional<std::size_t> plainLength(const std::string& text) {
+    std::size_t length = 0;
+    for (std::size_t i = 0; i < text.size(); ++i, ++length) {
+        const bool isPlain = text[i] >= ' ' && text[i] < 0x7F;
+        const bool isLetter = text[i] == kLead && i + 1 < text.size() &&
+                              (static_cast<unsigned char>(text[i + 1]) & 0xC0) == 0x80;
+        if (isLetter)
+            ++i;
+        else if (!isPlain)
+            return std::nullopt;
+    }
+    return length;
 }
 
 } // namespace
 
 SnippetRowMetrics::SnippetRowMetrics(int width)
-    : m_textWidth(std::max(width - 2 * kInset, 1)),
+    : m_width(width), m_textWidth(std::max(width - 2 * kInset, 1)),
       m_titleHeight(std::max(QFontMetrics(titleFont()).height(), kButtonSize)),
       m_commandLineHeight(QFontMetrics(commandFont()).lineSpacing()),
       m_hintHeight(QFontMetrics(fontFor(TextStyle::caption2)).height()),
       m_characterWidth(QFontMetricsF(commandFont()).horizontalAdvance(u'0')) {}
 
+bool SnippetRowMetrics::hasEvenLetters() const {
+    if (!m_hasEvenLetters) {
+        const QString letters = accentedLetters();
+        m_hasEvenLetters = qFuzzyCompare(QFontMetricsF(commandFont()).horizontalAdvance(letters),
+                                         m_characterWidth * static_cast<double>(letters.size()));
+    }
+    return *m_hasEvenLetters;
+}
+
 int SnippetRowMetrics::commandLines(const std::string& command) const {
-    // One line or more is all that matters, so that no text has to be laid out: in a monospaced
-    // font the width of ASCII text follows from its length.
-    if (isPlainAscii(command))
-        return static_cast<double>(command.size()) * m_characterWidth <= m_textWidth
-                   ? 1
-                   : kMostCommandLines;
+    // One line or more is all that matters, so that hardly any text has to be laid out: in a
+    // monospaced font the width of a text follows from its length.
+    const auto length = plainLength(command);
+    if (length && (*length == command.size() || hasEvenLetters()))
+        return static_cast<double>(*length) * m_characterWidth <= m_textWidth ? 1
+                                                                              : kMostCommandLines;
     if (command.find('\n') != std::string::npos) return kMostCommandLines;
     const double width = QFontMetricsF(commandFont()).horizontalAdvance(toQString(command));
     return width <= m_textWidth ? 1 : kMostCommandLines;
 }
 
-int SnippetRowMetrics::heightOf(const CommandSnippet& snippet, const SSHProfile* profile) const {
-    const int lines = commandLines(snippet.expandedCommand(profile));
+int SnippetRowMetrics::heightOf(const CommandSnippet& snippet, const std::string& command) const {
+    const int lines = commandLines(command);
     const int hint = snippet.hint.empty() ? 0 : kLineSpacing + m_hintHeight;
     return 2 * kPadding + m_titleHeight + kLineSpacing + lines * m_commandLineHeight + hint;
 }
@@ -75,7 +108,7 @@ SnippetRow::SnippetRow(ContentView& view, QWidget* parent)
     m_copyButton->setFont(fontFor(TextStyle::subheadline));
     m_editButton->setParent(this);
     m_deleteButton->setParent(this);
-    connect(m_copyButton, &QPushButton::clicked, this, [this] { m_view.copySnippet(m_snippet); });
+    connect(m_copyButton, &QPushButton::clicked, this, &SnippetRow::copy);
     connect(m_editButton, &QToolButton::clicked, this, [this] { m_view.editSnippet(m_snippet); });
     connect(m_deleteButton, &QToolButton::clicked, this,
             [this] { m_view.requestDeleteSnippet(m_snippet); });
@@ -140,9 +173,10 @@ void SnippetRow::setMarked(bool isMarked) {
 void SnippetRow::mousePressEvent(QMouseEvent*) { Q_EMIT pressed(); }
 
 void SnippetRow::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
-        m_view.copySnippet(m_snippet);
+    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) copy();
 }
+
+void SnippetRow::copy() { m_view.copySnippet(m_snippet); }
 
 void SnippetRow::paintEvent(QPaintEvent*) {
     QPainter painter(this);

@@ -21,21 +21,28 @@ public:
     // `width` is that of the whole row.
     explicit SnippetRowMetrics(int width);
 
-    [[nodiscard]] int heightOf(const CommandSnippet& snippet, const SSHProfile* profile) const;
+    // `command` is what the snippet expands to.
+    [[nodiscard]] int heightOf(const CommandSnippet& snippet, const std::string& command) const;
 
     // How many lines the command takes, one or two; what needs more is cut.
     [[nodiscard]] int commandLines(const std::string& command) const;
 
+    [[nodiscard]] int width() const { return m_width; }
     [[nodiscard]] int titleHeight() const { return m_titleHeight; }
     [[nodiscard]] int commandLineHeight() const { return m_commandLineHeight; }
     [[nodiscard]] int hintHeight() const { return m_hintHeight; }
 
 private:
+    // Whether the command's font has accented letters, and as wide as all others.
+    [[nodiscard]] bool hasEvenLetters() const;
+
+    int m_width;
     int m_textWidth;
     int m_titleHeight;
     int m_commandLineHeight;
     int m_hintHeight;
-    double m_characterWidth; // of the command's font, for ASCII
+    double m_characterWidth;                      // of the command's font, for ASCII
+    mutable std::optional<bool> m_hasEvenLetters; // nothing until it is asked
 };
 
 // One command as the user sees it: title, what it expands to, and its buttons. A click anywhere
@@ -56,6 +63,9 @@ public:
 
     // Whether the list shows where the keyboard is.
     void setMarked(bool isMarked);
+    [[nodiscard]] bool isMarked() const { return m_isMarked; }
+
+    void copy();
 
 Q_SIGNALS:
     // The pointer went down on the row, or on one of its buttons.

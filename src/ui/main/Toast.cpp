@@ -3,10 +3,11 @@
 
 #include "platform/desktop/QtText.h"
 #include "ui/style/Controls.h"
+#include "ui/style/Drawing.h"
 #include "ui/style/KorvanStyle.h"
+#include "ui/style/Notice.h"
 #include "ui/style/Symbols.h"
 
-#include <QAccessible>
 #include <QEvent>
 #include <QGraphicsOpacityEffect>
 #include <QHBoxLayout>
@@ -31,6 +32,7 @@ Toast::Toast(ContentView& view, QWidget* parent)
     : QWidget(parent), m_view(view), m_symbol(new QLabel), m_text(new ElidedLabel) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFocusPolicy(Qt::NoFocus);
+    makeNotice(*this);
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(kSidePadding, kTopPadding, kSidePadding, kTopPadding);
     layout->setSpacing(kPartSpacing);
@@ -52,6 +54,7 @@ void Toast::refresh() {
     const QString text = toQString("In Zwischenablage: " + *m_view.lastCopiedText);
     const bool isNews = m_view.showCopiedToast && (!m_isShown || m_text->text() != text);
     if (m_view.showCopiedToast) m_text->setText(text);
+    if (isNews) announce(*this, text);
     if (m_isShown != m_view.showCopiedToast) {
         m_isShown = m_view.showCopiedToast;
         fadeTo(m_isShown ? 1 : 0);
@@ -59,9 +62,6 @@ void Toast::refresh() {
     if (!isNews) return;
     place();
     raise();
-    setAccessibleName(text);
-    QAccessibleEvent alert(this, QAccessible::Alert);
-    QAccessible::updateAccessibility(&alert);
 }
 
 void Toast::fadeTo(double opacity) {
@@ -97,8 +97,7 @@ void Toast::paintEvent(QPaintEvent*) {
     background.setAlphaF(kBackgroundOpacity);
     painter.setBrush(background);
     painter.setPen(colorFor(SemanticColor::separator, palette()));
-    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCornerRadius,
-                            kCornerRadius);
+    painter.drawPath(smoothRectangle(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCornerRadius));
 }
 
 void Toast::changeEvent(QEvent* event) {

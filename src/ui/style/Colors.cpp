@@ -21,48 +21,72 @@ double luminance(const QColor& color) {
            0.0722 * linear(color.blueF());
 }
 
-// The least contrast that text of this colour meets on the grounds that text stands on: windows,
-// lists with their alternate rows, and the wash behind a marked row.
-double leastContrast(const QColor& color, const QPalette& palette) {
-    const auto base = palette.color(QPalette::Base);
-    const std::array grounds{palette.color(QPalette::Window), base,
-                             palette.color(QPalette::AlternateBase),
-                             mixed(base, palette.color(QPalette::Highlight), 0.15)};
-    double least = 21;
-    for (const auto& ground : grounds) {
-        least = std::min(least, contrast(color, ground));
-    }
-    return least;
+double contrastOf(double luminance, double other) {
+    const auto [darker, lighter] = std::minmax(luminance, other);
+    return (lighter + 0.05) / (darker + 0.05);
 }
 
-QColor blackOrWhite(const QPalette& palette) {
+// The grounds that text stands on: windows, lists with their alternate rows, and the wash behind a
+// marked row. Their luminances are kept, since many a colour is tried on them.
+class Grounds final {
+public:
+    explicit Grounds(const QPalette& palette) {
+        const auto base = palette.color(QPalette::Base);
+        m_luminances = {luminance(palette.color(QPalette::Window)), luminance(base),
+                        luminance(palette.color(QPalette::AlternateBase)),
+                        luminance(mixed(base, palette.color(QPalette::Highlight), 0.15))};
+    }
+
+    // The least contrast that text of this colour meets.
+    [[nodiscard]] double leastContrast(const QColor& color) const {
+        const double own = luminance(color);
+        double least = 21;
+        for (const double ground : m_luminances) {
+            least = std::min(least, contrastOf(own, ground));
+        }
+        return least;
+    }
+
+    [[nodiscard]] bool letRead(const QColor& color) const {
+        return leastContrast(color) >= kReadableContrast;
+    }
+
+private:
+    std::array<double, 4> m_luminances{};
+};
+
+QColor blackOrWhite(const Grounds& grounds) {
     const QColor black(Qt::black);
     const QColor white(Qt::white);
-    return leastContrast(black, palette) >= leastContrast(white, palette) ? black : white;
+    return grounds.leastContrast(black) >= grounds.leastContrast(white) ? black : white;
 }
 
 // The colour as near to `far` as stays readable, on the way there from `near`, which is readable.
-QColor furthestReadable(const QColor& near, const QColor& far, const QPalette& palette) {
+QColor furthestReadable(const QColor& near, const QColor& far, const Grounds& grounds) {
     double good = 0;
     double bad = 1;
     for (int step = 0; step < kSteps; ++step) {
         const double middle = (good + bad) / 2;
-        const bool isGood = leastContrast(mixed(near, far, middle), palette) >= kReadableContrast;
-        (isGood ? good : bad) = middle;
+        (grounds.letRead(mixed(near, far, middle)) ? good : bad) = middle;
     }
     return mixed(near, far, good);
 }
 
-QColor readableText(const QPalette& palette) {
+QColor readableText(const QPalette& palette, const Grounds& grounds) {
     const auto text = palette.color(QPalette::WindowText);
-    return leastContrast(text, palette) >= kReadableContrast ? text : blackOrWhite(palette);
+    return grounds.letRead(text) ? text : blackOrWhite(grounds);
+}
+
+QColor secondaryText(const QPalette& palette) {
+    const Grounds grounds(palette);
+    return furthestReadable(readableText(palette, grounds), palette.color(QPalette::Window),
+                            grounds);
 }
 
 QColor enabledColor(SemanticColor color, const QPalette& palette) {
     switch (color) {
     case SemanticColor::primary: return palette.color(QPalette::WindowText);
-    case SemanticColor::secondary:
-        return furthestReadable(readableText(palette), palette.color(QPalette::Window), palette);
+    case SemanticColor::secondary: return secondaryText(palette);
     case SemanticColor::accent: return palette.color(QPalette::Highlight);
     case SemanticColor::red:
         return readable(isDark(palette) ? QColor(0xff8078) : QColor(0xc3202f), palette);
@@ -101,13 +125,13 @@ QColor mixed(const QColor& from, const QColor& to, double share) {
 }
 
 double contrast(const QColor& first, const QColor& second) {
-    const auto [darker, lighter] = std::minmax({luminance(first), luminance(second)});
-    return (lighter + 0.05) / (darker + 0.05);
+    return contrastOf(luminance(first), luminance(second));
 }
 
 QColor readable(const QColor& color, const QPalette& palette) {
-    if (leastContrast(color, palette) >= kReadableContrast) return color;
-    return furthestReadable(readableText(palette), color, palette);
+    const Grounds grounds(palette);
+    if (grounds.letRead(color)) return color;
+    return furthestReadable(readableText(palette, grounds), color, grounds);
 }
 
 } // namespace korvan

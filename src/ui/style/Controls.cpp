@@ -37,6 +37,10 @@ protected:
     }
 };
 
+void setButtonColor(QPushButton& button, SemanticColor color) {
+    button.setProperty(kButtonColor, static_cast<int>(color));
+}
+
 } // namespace
 
 Label::Label(const QString& text, TextStyle style, SemanticColor color, QWidget* parent)
@@ -200,11 +204,6 @@ QToolButton* makeSymbolButton(const QString& symbolIdentifier, const QString& to
     button->setToolTip(tooltip);
     button->setAccessibleName(tooltip);
     return button;
-}
-
-void setButtonColor(QPushButton& button, SemanticColor color) {
-    button.setProperty(kButtonColor, static_cast<int>(color));
-    button.update();
 }
 
 SemanticColor buttonColor(const QWidget& button) {

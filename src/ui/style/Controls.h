@@ -71,7 +71,7 @@ private:
 [[nodiscard]] QPushButton* makeButton(const QString& symbolIdentifier, const QString& label,
                                       SemanticColor color = SemanticColor::primary);
 
-// A push button whose label is red; filled with red where it is a dialog's default button.
+// A push button whose label is red. Never a dialog's default button, so it has no fill of its own.
 [[nodiscard]] QPushButton* makeDestructiveButton(const QString& label);
 
 // A button drawn as a link: its label alone, in the accent colour.
@@ -81,8 +81,7 @@ private:
 [[nodiscard]] QToolButton* makeSymbolButton(const QString& symbolIdentifier, const QString& tooltip,
                                             SemanticColor color = SemanticColor::primary);
 
-// The colour of a button's label, for buttons that another maker made. KorvanStyle draws by it.
-void setButtonColor(QPushButton& button, SemanticColor color);
+// The colour of a button's label, as its maker set it. KorvanStyle draws by it.
 [[nodiscard]] SemanticColor buttonColor(const QWidget& button);
 
 // A line between two regions, one logical pixel thick.

@@ -8,8 +8,10 @@
 #include <QAbstractScrollArea>
 #include <QIcon>
 #include <QPainter>
-#include <QPainterPath>
 #include <QStyle>
+#include <algorithm>
+#include <array>
+#include <numbers>
 
 namespace korvan {
 
@@ -18,7 +20,6 @@ namespace {
 constexpr double kRadius = 6;
 constexpr double kSmallRadius = 4;
 constexpr int kIconGap = 6;
-constexpr QColor kRedFill(0xcb, 0x2f, 0x3e); // carries white text, on a light and a dark window
 
 // Saves the painter's state and puts it back, since styles share the painter of the widget.
 class Painting final {
@@ -77,9 +78,8 @@ bool isFilled(const QStyleOptionButton& button) {
 }
 
 // The colour that fills a dialog's default button.
-QColor fillOf(const QStyleOptionButton& button, const QWidget* widget) {
-    const bool isRed = widget && buttonColor(*widget) == SemanticColor::red;
-    return isRed ? kRedFill : colorFor(SemanticColor::accent, button.palette);
+QColor fillOf(const QStyleOptionButton& button) {
+    return colorFor(SemanticColor::accent, button.palette);
 }
 
 QColor textOn(const QColor& fill, const QPalette& palette) {
@@ -89,7 +89,7 @@ QColor textOn(const QColor& fill, const QPalette& palette) {
 }
 
 QColor labelColor(const QStyleOptionButton& button, const QWidget* widget) {
-    if (isFilled(button)) return textOn(fillOf(button, widget), button.palette);
+    if (isFilled(button)) return textOn(fillOf(button), button.palette);
     const auto color = widget ? buttonColor(*widget) : SemanticColor::primary;
     if (color == SemanticColor::primary) return button.palette.color(QPalette::ButtonText);
     const auto own = colorFor(color, button.palette);
@@ -98,6 +98,25 @@ QColor labelColor(const QStyleOptionButton& button, const QWidget* widget) {
 
 } // namespace
 
+QPainterPath smoothRectangle(const QRectF& rect, double radius) {
+    // From where a corner begins, and where its two handles are, counted from its tip: an arc would
+    // begin at 1. The middle of the curve is that of the arc.
+    const double begin = std::min(1.53 * radius, std::min(rect.width(), rect.height()) / 2);
+    const double handle = (8 * (1 - std::numbers::sqrt2 / 2) * radius - begin) / 3;
+    const std::array tips{rect.topLeft(), rect.topRight(), rect.bottomRight(), rect.bottomLeft()};
+    const std::array ways{QPointF(1, 0), QPointF(0, 1), QPointF(-1, 0), QPointF(0, -1)};
+    QPainterPath path(tips[0] + begin * ways[0]);
+    for (const std::size_t corner : {1U, 2U, 3U, 0U}) {
+        const QPointF& tip = tips[corner];
+        const QPointF& in = ways[(corner + 3) % 4];
+        const QPointF& out = ways[corner];
+        path.lineTo(tip - begin * in);
+        path.cubicTo(tip - handle * in, tip + handle * out, tip + begin * out);
+    }
+    path.closeSubpath();
+    return path;
+}
+
 void drawFocusRing(QPainter& painter, const QRect& rect, const QPalette& palette) {
     const Painting painting(painter);
     painter.setPen(QPen(palette.color(QPalette::Active, QPalette::Highlight), 2));
@@ -105,12 +124,11 @@ void drawFocusRing(QPainter& painter, const QRect& rect, const QPalette& palette
     painter.drawRoundedRect(QRectF(rect).adjusted(1, 1, -1, -1), kRadius - 1, kRadius - 1);
 }
 
-void drawPushButtonPanel(QPainter& painter, const QStyleOptionButton& button,
-                         const QWidget* widget) {
+void drawPushButtonPanel(QPainter& painter, const QStyleOptionButton& button) {
     const auto& palette = button.palette;
     const auto text = palette.color(QPalette::ButtonText);
     if (isFilled(button)) {
-        const auto fill = fillOf(button, widget);
+        const auto fill = fillOf(button);
         drawRounded(painter, button.rect, mixed(fill, Qt::black, emphasis(button)), {});
         if (showsKeyboardFocus(button)) { // its own ring would not stand out from the fill
             drawFocusRing(painter, button.rect, palette);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QPainterPath>
 #include <QRect>
 #include <QStyleOption>
 
@@ -10,11 +11,14 @@ class QWidget;
 // How the parts of controls look, each from its option's palette and state. KorvanStyle calls them.
 namespace korvan {
 
+// A rectangle with round corners, for widgets that draw themselves. Its sides bend into the corners
+// little by little, where those of an arc of the same radius begin with a jump.
+[[nodiscard]] QPainterPath smoothRectangle(const QRectF& rect, double radius);
+
 // A ring in the accent colour just inside of `rect`.
 void drawFocusRing(QPainter& painter, const QRect& rect, const QPalette& palette);
 
-void drawPushButtonPanel(QPainter& painter, const QStyleOptionButton& button,
-                         const QWidget* widget);
+void drawPushButtonPanel(QPainter& painter, const QStyleOptionButton& button);
 void drawPushButtonLabel(QPainter& painter, const QStyleOptionButton& button,
                          const QWidget* widget);
 void drawToolButtonPanel(QPainter& painter, const QStyleOption& option);

@@ -3,8 +3,10 @@
 
 #include "ui/style/Colors.h"
 #include "ui/style/Drawing.h"
+#include "ui/style/Symbols.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QComboBox>
 #include <QDialog>
 #include <QHeaderView>
@@ -113,11 +115,7 @@ QRect scrollBarPart(const QStyleOptionSlider& bar, QStyle::SubControl part) {
     }
 }
 
-} // namespace
-
-KorvanStyle::KorvanStyle() : QProxyStyle(QStringLiteral("fusion")) {}
-
-QPalette KorvanStyle::standardPalette() const {
+QPalette lightPalette() {
     QPalette palette(QColor(0xfcfcfd), QColor(0xf3f3f5));
     const QColor text(0x1e1e22);
     const QColor pale(0xa4a4ab);
@@ -139,6 +137,45 @@ QPalette KorvanStyle::standardPalette() const {
     palette.setColor(QPalette::ToolTipText, text);
     palette.setColor(QPalette::Link, QColor(0x2b65d9));
     return palette;
+}
+
+// Greys as neutral as the light ones. Lists lie deeper than the window, as they lie higher there.
+QPalette darkPalette() {
+    QPalette palette(QColor(0x36363b), QColor(0x27272a));
+    const QColor text(0xe9e9ed);
+    const QColor pale(0x77777f);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(role, text);
+        palette.setColor(QPalette::Disabled, role, pale);
+    }
+    palette.setColor(QPalette::Base, QColor(0x1e1e20));
+    palette.setColor(QPalette::Disabled, QPalette::Base, QColor(0x242427));
+    palette.setColor(QPalette::AlternateBase, QColor(0x232326));
+    palette.setColor(QPalette::Highlight, QColor(0x3a70dc));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Inactive, QPalette::Highlight, QColor(0x43454c));
+    palette.setColor(QPalette::Inactive, QPalette::HighlightedText, text);
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(0x43454c));
+    palette.setColor(QPalette::Disabled, QPalette::HighlightedText, pale);
+    palette.setColor(QPalette::PlaceholderText, QColor(0x9a9aa2));
+    palette.setColor(QPalette::ToolTipBase, QColor(0x36363b));
+    palette.setColor(QPalette::ToolTipText, text);
+    palette.setColor(QPalette::Link, QColor(0x86adff));
+    return palette;
+}
+
+} // namespace
+
+KorvanStyle::KorvanStyle() : QProxyStyle(QStringLiteral("fusion")) {}
+
+void KorvanStyle::setScheme(Scheme scheme) {
+    if (scheme == m_scheme) return;
+    m_scheme = scheme;
+    QApplication::setPalette(QPalette()); // asks the desktop, and then this style, again
+}
+
+QPalette KorvanStyle::standardPalette() const {
+    return m_scheme == Scheme::dark ? darkPalette() : lightPalette();
 }
 
 // Where a desktop brings no palette, the toolkit offers Fusion's as if it were the desktop's.
@@ -248,6 +285,15 @@ QSize KorvanStyle::sizeFromContents(ContentsType type, const QStyleOption* optio
     }
 }
 
+QIcon KorvanStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,
+                                const QWidget* widget) const {
+    // Also spares the start a walk through all the icons of the desktop's theme.
+    if (icon == SP_LineEditClearButton) {
+        return symbol(QStringLiteral("xmark.circle.fill"), SemanticColor::secondary);
+    }
+    return QProxyStyle::standardIcon(icon, option, widget);
+}
+
 QRect KorvanStyle::subElementRect(SubElement element, const QStyleOption* option,
                                   const QWidget* widget) const {
     switch (element) {
@@ -285,7 +331,7 @@ void KorvanStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
     switch (element) {
     case PE_PanelButtonCommand:
         if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option)) {
-            return drawPushButtonPanel(*painter, *button, widget);
+            return drawPushButtonPanel(*painter, *button);
         }
         break;
     case PE_PanelButtonTool: return drawToolButtonPanel(*painter, *option);

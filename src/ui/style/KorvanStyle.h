@@ -22,6 +22,12 @@ public:
     void setMotion(Motion motion) { m_motion = motion; }
     [[nodiscard]] Motion motion() const { return m_motion; }
 
+    enum class Scheme { light, dark };
+
+    // Which of our palettes the application's widgets have, from now on. A desktop that brings a
+    // palette of its own is not asked twice: that one stays.
+    void setScheme(Scheme scheme);
+
     // The palette where the desktop brings none of its own.
     [[nodiscard]] QPalette standardPalette() const override;
 
@@ -36,6 +42,8 @@ public:
     [[nodiscard]] QSize sizeFromContents(ContentsType type, const QStyleOption* option,
                                          const QSize& contents,
                                          const QWidget* widget) const override;
+    [[nodiscard]] QIcon standardIcon(StandardPixmap icon, const QStyleOption* option,
+                                     const QWidget* widget) const override;
     [[nodiscard]] QRect subElementRect(SubElement element, const QStyleOption* option,
                                        const QWidget* widget) const override;
     [[nodiscard]] QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option,
@@ -50,6 +58,7 @@ public:
 
 private:
     Motion m_motion = Motion::full;
+    Scheme m_scheme = Scheme::light;
 };
 
 // How long a movement of `widget` takes, in milliseconds; 0 where nothing should move.

@@ -8,7 +8,8 @@
 #include <QPalette>
 #include <QPixmapCache>
 #include <QSvgRenderer>
-#include <memory>
+#include <algorithm>
+#include <utility>
 
 // The linker drops resources of a static library that nothing names. Outside of any namespace, as
 // the macro demands.
@@ -21,10 +22,12 @@ namespace korvan {
 
 namespace {
 
-class SymbolEngine final : public QIconEngine {
+// Draws an icon from its SVG file. Reads the file only when there is something to draw: most
+// windows show the same few drawings many times. Not left to the toolkit's own engine, which
+// makes each start look through all plug-ins for pictures.
+class DrawingEngine : public QIconEngine {
 public:
-    SymbolEngine(const QString& path, SemanticColor color)
-        : m_path(path), m_renderer(std::make_shared<QSvgRenderer>(path)), m_color(color) {}
+    explicit DrawingEngine(QString path) : m_path(std::move(path)) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
         const auto ratio = painter->device()->devicePixelRatioF();
@@ -43,9 +46,14 @@ public:
     }
 
     QSize actualSize(const QSize& size, QIcon::Mode, QIcon::State) override { return size; }
-    bool isNull() override { return !m_renderer->isValid(); }
+    bool isNull() override { return !QFile::exists(m_path); }
     QString iconName() override { return {}; }
-    [[nodiscard]] QIconEngine* clone() const override { return new SymbolEngine(*this); }
+    [[nodiscard]] QIconEngine* clone() const override { return new DrawingEngine(*this); }
+
+protected:
+    // The colour that everything is drawn in, transparent for the drawing's own colours. Asked at
+    // every painting, so that an icon outlives a change of the palette.
+    [[nodiscard]] virtual QColor tint(QIcon::Mode) const { return Qt::transparent; }
 
 private:
     [[nodiscard]] QPixmap drawing(const QSize& size, QIcon::Mode mode) const {
@@ -60,17 +68,28 @@ private:
         pixmap.fill(Qt::transparent);
         QPainter painter(&pixmap);
         const int side = std::min(size.width(), size.height());
-        m_renderer->render(&painter, QRectF((size.width() - side) / 2.0,
-                                            (size.height() - side) / 2.0, side, side));
-        painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-        painter.fillRect(pixmap.rect(), color);
+        QSvgRenderer(m_path).render(&painter, QRectF((size.width() - side) / 2.0,
+                                                     (size.height() - side) / 2.0, side, side));
+        if (color.alpha() > 0) {
+            painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+            painter.fillRect(pixmap.rect(), color);
+        }
         painter.end();
         QPixmapCache::insert(key, pixmap);
         return pixmap;
     }
 
-    // Asked at every painting, so that an icon outlives a change of the palette.
-    [[nodiscard]] QColor tint(QIcon::Mode mode) const {
+    QString m_path;
+};
+
+class SymbolEngine final : public DrawingEngine {
+public:
+    SymbolEngine(const QString& path, SemanticColor color) : DrawingEngine(path), m_color(color) {}
+
+    [[nodiscard]] QIconEngine* clone() const override { return new SymbolEngine(*this); }
+
+protected:
+    [[nodiscard]] QColor tint(QIcon::Mode mode) const override {
         auto palette = QGuiApplication::palette();
         palette.setCurrentColorGroup(mode == QIcon::Disabled ? QPalette::Disabled
                                                              : QPalette::Active);
@@ -78,8 +97,7 @@ private:
                                        : colorFor(m_color, palette);
     }
 
-    QString m_path;
-    std::shared_ptr<QSvgRenderer> m_renderer; // shared by the copies; drawing leaves it as it is
+private:
     SemanticColor m_color;
 };
 
@@ -93,7 +111,7 @@ QIcon symbol(const QString& identifier, SemanticColor color) {
 
 QIcon applicationIcon() {
     initializeResources();
-    return QIcon(QStringLiteral(":/icons/lumera.Korvan.svg"));
+    return QIcon(new DrawingEngine(QStringLiteral(":/icons/lumera.Korvan.svg")));
 }
 
 } // namespace korvan

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusPendingCall>
+#include <QObject>
+#include <chrono>
+#include <vector>
+
+class QDBusVariant;
+
+namespace korvan {
+
+// What the desktop's user wants of the looks of all programs: dark or light, and whether things
+// may move. Asked for over the session bus, at the settings portal, which every desktop has.
+//
+// Making one only sends the questions. Until an answer comes, and where none ever does, the values
+// are the defaults; from then on they follow the user's choice.
+class DesktopSettings final : public QObject {
+    Q_OBJECT
+
+public:
+    enum class ColorScheme { none, dark, light };
+
+    explicit DesktopSettings(const QDBusConnection& bus = QDBusConnection::sessionBus());
+
+    // Waits until all questions are answered, but not longer than this. Emits nothing.
+    void waitForAnswers(std::chrono::milliseconds atMost);
+
+    // What the user prefers; none where he has no preference.
+    [[nodiscard]] ColorScheme colorScheme() const { return m_colorScheme; }
+    [[nodiscard]] bool reducesMotion() const { return !m_isAnimated || m_durationFactor == 0; }
+
+Q_SIGNALS:
+    // Any of the values may have changed.
+    void changed();
+
+private Q_SLOTS:
+    void follow(const QString& group, const QString& key, const QDBusVariant& value);
+
+private:
+    struct Question {
+        QString group;
+        QString key;
+        QDBusPendingCall answer;
+    };
+
+    void ask(QDBusConnection& bus, const QString& group, const QString& key);
+    void take(const Question& question);
+    void take(const QString& group, const QString& key, QVariant value);
+
+    std::vector<Question> m_questions;
+    ColorScheme m_colorScheme = ColorScheme::none;
+    bool m_isAnimated = true;    // as GNOME keeps it
+    double m_durationFactor = 1; // as KDE keeps it
+};
+
+} // namespace korvan
