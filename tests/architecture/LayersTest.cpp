@@ -51,8 +51,8 @@ protected:
 
     // Everything that `file` includes, by whatever way, and which file it is that names it.
     Seen seenFrom(const std::string& file, Seen seen = {}) const {
-        const auto includes = m_includes.find(file);
-        if (includes == m_includes.end()) return seen; // not ours
+        const auto includes = allIncludes.find(file);
+        if (includes == allIncludes.end()) return seen; // not ours
         for (const std::string& name : includes->second)
             if (seen.emplace(name, file).second) seen = seenFrom(name, std::move(seen));
         return seen;
@@ -65,12 +65,12 @@ protected:
     }
 
     static constexpr int kFirstWithQt = 5;
-    const std::map<std::string, std::vector<std::string>> m_includes = readIncludes();
+    const std::map<std::string, std::vector<std::string>> allIncludes = readIncludes();
 };
 
 TEST_F(Layers, NoIncludePointsUp) {
-    ASSERT_GT(m_includes.size(), 50U) << "the sources are not where the build says";
-    for (const auto& [file, names] : m_includes) {
+    ASSERT_GT(allIncludes.size(), 50U) << "the sources are not where the build says";
+    for (const auto& [file, names] : allIncludes) {
         EXPECT_NE(floorOf(file), 0) << file << " stands on no floor";
         for (const std::string& name : names) {
             EXPECT_LE(floorOf(name), floorOf(file)) << file << " includes " << name;
@@ -86,17 +86,17 @@ TEST_F(Layers, NoIncludePointsUp) {
 }
 
 TEST_F(Layers, WhatNeedsNoScreenSeesNeitherQtNorTheDatabase) {
-    for (const auto& [file, names] : m_includes)
+    for (const auto& [file, names] : allIncludes)
         if (floorOf(file) < kFirstWithQt) expectNeitherQtNorDatabase(file);
     std::istringstream coreSources(KORVAN_CORE_SOURCES);
     for (std::string file; std::getline(coreSources, file, ':');) {
-        ASSERT_TRUE(m_includes.contains(file)) << file;
+        ASSERT_TRUE(allIncludes.contains(file)) << file;
         expectNeitherQtNorDatabase(file);
     }
 }
 
 TEST_F(Layers, NoFileSeesItself) {
-    for (const auto& [file, names] : m_includes) {
+    for (const auto& [file, names] : allIncludes) {
         Seen seen = seenFrom(file);
         EXPECT_FALSE(seen.contains(file)) << file << " through " << seen[file];
     }

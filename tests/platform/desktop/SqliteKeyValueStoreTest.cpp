@@ -21,18 +21,18 @@ constexpr std::string_view kProfiles = "ssh_profiles_v3";
 // A database in a folder of its own, and another program's way into it.
 class SqliteStore : public testing::Test {
 protected:
-    ~SqliteStore() override { sqlite3_close(m_other); }
+    ~SqliteStore() override { sqlite3_close(otherProgram); }
 
     // The first column of the last row that the other program gets as the answer.
     std::string ask(const std::string& sql) {
-        if (!m_other) sqlite3_open(m_path.c_str(), &m_other);
+        if (!otherProgram) sqlite3_open(databaseFile.c_str(), &otherProgram);
         std::string answer = "nothing";
         const auto take = [](void* to, int, char** columns, char**) {
             *static_cast<std::string*>(to) = columns[0] ? columns[0] : "NULL";
             return 0;
         };
-        const int code = sqlite3_exec(m_other, sql.c_str(), take, &answer, nullptr);
-        return code == SQLITE_OK ? answer : sqlite3_errmsg(m_other);
+        const int code = sqlite3_exec(otherProgram, sql.c_str(), take, &answer, nullptr);
+        return code == SQLITE_OK ? answer : sqlite3_errmsg(otherProgram);
     }
 
     // What a profile store prints that starts on the database and gets one profile more.
@@ -47,69 +47,69 @@ protected:
     // The name of each file beside the database, and its bytes.
     [[nodiscard]] std::map<std::string, std::string> files() const {
         std::map<std::string, std::string> found;
-        for (const auto& entry : fs::directory_iterator(m_path.parent_path()))
+        for (const auto& entry : fs::directory_iterator(databaseFile.parent_path()))
             found[entry.path().filename()] = entry.is_directory() ? "" : textOf(entry.path());
         return found;
     }
 
-    TemporaryFolder m_folder;
-    fs::path m_path = m_folder.path() / "data 100%?" / "korvan" / "defaults.sqlite3";
-    SqliteKeyValueStore m_store{m_path, 200ms};
-    sqlite3* m_other = nullptr;
+    TemporaryFolder folder;
+    fs::path databaseFile = folder.path() / "data 100%?" / "korvan" / "defaults.sqlite3";
+    SqliteKeyValueStore keyValueStore{databaseFile, 200ms};
+    sqlite3* otherProgram = nullptr;
 };
 
 TEST_F(SqliteStore, KeepsThreePrivateListsFromTheFirstStartOn) {
-    EXPECT_EQ(m_store.dataForKey(kProfiles), std::nullopt);
-    EXPECT_FALSE(fs::exists(m_path.parent_path())) << "reading makes nothing";
-    const SSHStore profiles(m_store);
-    const CategoryStore categories(m_store);
-    const SnippetStore snippets(m_store);
+    EXPECT_EQ(keyValueStore.dataForKey(kProfiles), std::nullopt);
+    EXPECT_FALSE(fs::exists(databaseFile.parent_path())) << "reading makes nothing";
+    const SSHStore profiles(keyValueStore);
+    const CategoryStore categories(keyValueStore);
+    const SnippetStore snippets(keyValueStore);
     for (const char* ending : {"", "-wal", "-shm"})
-        EXPECT_EQ(modeOf(m_path.string() + ending), 0600U) << ending;
-    EXPECT_EQ(modeOf(m_path.parent_path()), 0700U);
+        EXPECT_EQ(modeOf(databaseFile.string() + ending), 0600U) << ending;
+    EXPECT_EQ(modeOf(databaseFile.parent_path()), 0700U);
     EXPECT_EQ(ask("SELECT group_concat(key || typeof(value)) FROM "
                   "(SELECT * FROM defaults ORDER BY key)"),
               "ssh_categories_v1blob,ssh_profiles_v3blob,ssh_snippets_v1blob");
-    SqliteKeyValueStore next(m_path);
+    SqliteKeyValueStore next(databaseFile);
     EXPECT_EQ(SnippetStore(next).snippets(), snippets.snippets());
 }
 
 TEST_F(SqliteStore, TakesAnotherTypeForNothingAndPutsDamagedDataAside) {
-    ASSERT_TRUE(m_store.setData(kProfiles, std::string_view("[{\0", 3)));
-    EXPECT_TRUE(printed(m_store).starts_with("Profile load error: "));
+    ASSERT_TRUE(keyValueStore.setData(kProfiles, std::string_view("[{\0", 3)));
+    EXPECT_TRUE(printed(keyValueStore).starts_with("Profile load error: "));
     EXPECT_EQ(ask("SELECT key || hex(value) FROM damaged"), "ssh_profiles_v35B7B00");
     EXPECT_EQ(ask("SELECT at LIKE '____-__-__T__:__:__Z' AND "
                   "abs(julianday('now') - julianday(at)) < 0.01 FROM damaged"),
               "1");
     ask("UPDATE defaults SET value = '[{'");
-    EXPECT_EQ(printed(m_store), "");
+    EXPECT_EQ(printed(keyValueStore), "");
     EXPECT_EQ(ask("SELECT typeof(value) FROM defaults"), "blob");
     EXPECT_EQ(ask("SELECT count(*) FROM damaged"), "1");
 }
 
 TEST_F(SqliteStore, LeavesADatabaseThatItCannotUseAsItWas) {
-    ASSERT_TRUE(SqliteKeyValueStore(m_path).setData(kProfiles, "[]"));
-    const fs::path aside = m_folder.path() / "aside";
+    ASSERT_TRUE(SqliteKeyValueStore(databaseFile).setData(kProfiles, "[]"));
+    const fs::path aside = folder.path() / "aside";
     const auto replaceBy = [&](const std::string& bytes) {
-        fs::rename(m_path, aside);
-        std::ofstream(m_path) << bytes;
+        fs::rename(databaseFile, aside);
+        std::ofstream(databaseFile) << bytes;
     };
-    const auto bringBack = [&] { fs::remove(m_path), fs::rename(aside, m_path); };
-    const auto unlock = [&] { sqlite3_close(std::exchange(m_other, nullptr)); };
+    const auto bringBack = [&] { fs::remove(databaseFile), fs::rename(aside, databaseFile); };
+    const auto unlock = [&] { sqlite3_close(std::exchange(otherProgram, nullptr)); };
     const struct {
         std::function<void()> raise, remove;
         int code;
     } obstacles[] = {
         {[&] { replaceBy("Dear diary, " + std::string(5000, 'x')); }, bringBack, SQLITE_NOTADB},
         {[&] { replaceBy("x\n"); }, bringBack, SQLITE_NOTADB},
-        {[&] { fs::rename(m_path, aside), fs::create_directory(m_path); }, bringBack,
+        {[&] { fs::rename(databaseFile, aside), fs::create_directory(databaseFile); }, bringBack,
          SQLITE_CANTOPEN_ISDIR},
         {[&] { ask("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE"); }, unlock, SQLITE_BUSY},
         {[&] { ask("PRAGMA journal_mode = DELETE; BEGIN EXCLUSIVE"); }, unlock, SQLITE_BUSY},
     };
     for (const auto& obstacle : obstacles) {
         SCOPED_TRACE(obstacle.code);
-        SqliteKeyValueStore store(m_path, 50ms);
+        SqliteKeyValueStore store(databaseFile, 50ms);
         obstacle.raise();
         const auto before = files();
         const std::string lines = printed(store);
@@ -127,34 +127,34 @@ TEST_F(SqliteStore, LeavesADatabaseThatItCannotUseAsItWas) {
 }
 
 TEST_F(SqliteStore, ReadsADatabaseThatItMayNotWrite) {
-    ASSERT_TRUE(SqliteKeyValueStore(m_path).setData(kProfiles, "[]"));
-    fs::permissions(m_path, fs::perms(0444));
-    fs::permissions(m_path.parent_path(), fs::perms(0555));
-    fs::permissions(m_path.parent_path().parent_path(), fs::perms(0755));
-    fs::permissions(m_folder.path(), fs::perms(0755));
+    ASSERT_TRUE(SqliteKeyValueStore(databaseFile).setData(kProfiles, "[]"));
+    fs::permissions(databaseFile, fs::perms(0444));
+    fs::permissions(databaseFile.parent_path(), fs::perms(0555));
+    fs::permissions(databaseFile.parent_path().parent_path(), fs::perms(0755));
+    fs::permissions(folder.path(), fs::perms(0755));
     const auto before = files();
     const pid_t child = ::fork();
     if (child == 0) {
         const bool isRoot = ::getuid() == 0 && ::setuid(65534) != 0; // who may write
-        const auto set = m_store.setData("another key", "");
+        const auto set = keyValueStore.setData("another key", "");
         ::_exit(isRoot || set || set.error().code != SQLITE_READONLY ||
-                m_store.dataForKey(kProfiles) != "[]");
+                keyValueStore.dataForKey(kProfiles) != "[]");
     }
     int status = -1;
     EXPECT_EQ(::waitpid(child, &status, 0), child);
     EXPECT_EQ(status, 0);
     EXPECT_TRUE(files() == before);
-    fs::permissions(m_path.parent_path(), fs::perms(0755));
+    fs::permissions(databaseFile.parent_path(), fs::perms(0755));
 }
 
 TEST_F(SqliteStore, SharesItsFileWithAnotherWindowAndNoticesANewOne) {
-    SqliteKeyValueStore window(m_path);
-    ASSERT_TRUE(m_store.setData("key", "first"));
+    SqliteKeyValueStore window(databaseFile);
+    ASSERT_TRUE(keyValueStore.setData("key", "first"));
     ASSERT_TRUE(window.setData("key", ""));
-    EXPECT_EQ(m_store.dataForKey("key"), "") << "an empty value is a value";
-    fs::rename(m_path, m_folder.path() / "old"); // without its log, as a person would
-    EXPECT_EQ(m_store.dataForKey("key"), std::nullopt);
-    ASSERT_TRUE(m_store.setData("key", "third"));
+    EXPECT_EQ(keyValueStore.dataForKey("key"), "") << "an empty value is a value";
+    fs::rename(databaseFile, folder.path() / "old"); // without its log, as a person would
+    EXPECT_EQ(keyValueStore.dataForKey("key"), std::nullopt);
+    ASSERT_TRUE(keyValueStore.setData("key", "third"));
     EXPECT_EQ(window.dataForKey("key"), "third");
     EXPECT_EQ(ask("PRAGMA integrity_check"), "ok");
 }
