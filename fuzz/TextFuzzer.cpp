@@ -76,7 +76,7 @@ void compare(std::string_view left, std::string_view right) {
 }
 
 void search(std::string_view query, std::string_view text) {
-    const TextSearch wanted(query);
+    TextSearch wanted(query);
     require(wanted.isEmpty() == isBlank(query), "a blank query is empty");
     require(wanted.isFoundIn(query), "a text is found in itself");
     require(wanted.isFoundIn(mended(text) + mended(query) + mended(text)), "and inside of others");
