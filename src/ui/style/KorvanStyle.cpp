@@ -287,11 +287,14 @@ QSize KorvanStyle::sizeFromContents(ContentsType type, const QStyleOption* optio
 
 QIcon KorvanStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,
                                 const QWidget* widget) const {
-    // Also spares the start a walk through all the icons of the desktop's theme.
-    if (icon == SP_LineEditClearButton) {
+    // Also spares the start a walk through the desktop's icon theme and the plug-ins for pictures:
+    // each line edit and menu bar asks for its icon when it is made.
+    switch (icon) {
+    case SP_LineEditClearButton:
         return symbol(QStringLiteral("xmark.circle.fill"), SemanticColor::secondary);
+    case SP_ToolBarHorizontalExtensionButton: return symbol(QStringLiteral("chevron.right.2"));
+    default: return QProxyStyle::standardIcon(icon, option, widget);
     }
-    return QProxyStyle::standardIcon(icon, option, widget);
 }
 
 QRect KorvanStyle::subElementRect(SubElement element, const QStyleOption* option,
