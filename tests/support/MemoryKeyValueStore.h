@@ -31,7 +31,9 @@ public:
         m_unreadKeys.erase(std::string(key));
         const auto found = values.find(key);
         if (found == values.end()) return std::nullopt;
-        return found->second;
+        std::string copy;
+        copy.reserve(found->second.size() + 64); // as the database gives it
+        return copy.append(found->second);
     }
 
     Result<> setData(std::string_view key, std::string_view data) override {

@@ -132,21 +132,31 @@ public:
         return m_code;
     }
 
-    // The first column of the row, when it is a data value.
-    [[nodiscard]] std::optional<std::string> data() {
-        if (sqlite3_column_type(m_statement, 0) != SQLITE_BLOB) return std::nullopt;
-        const auto* bytes = static_cast<const char*>(sqlite3_column_blob(m_statement, 0));
-        const int size = sqlite3_column_bytes(m_statement, 0);
-        std::string copy;
-        copy.reserve(static_cast<std::size_t>(size) + kReadPadding);
-        if (size > 0) copy.append(bytes, static_cast<std::size_t>(size));
-        return copy;
+    [[nodiscard]] std::int64_t number(int column) const {
+        return sqlite3_column_int64(m_statement, column);
     }
 
 private:
     sqlite3_stmt* m_statement = nullptr;
     int m_code;
 };
+
+// Reads a value into `data` itself; a statement would put it together in memory of its own first.
+int readValue(sqlite3* connection, std::int64_t row, std::string& data) {
+    sqlite3_blob* value = nullptr;
+    int code = sqlite3_blob_open(connection, "main", "defaults", "value", row, 0, &value);
+    if (code == SQLITE_OK) {
+        const int size = sqlite3_blob_bytes(value);
+        data.reserve(static_cast<std::size_t>(size) + kReadPadding);
+        data.resize_and_overwrite(static_cast<std::size_t>(size),
+                                  [&](char* bytes, std::size_t length) {
+                                      code = sqlite3_blob_read(value, bytes, size, 0);
+                                      return length;
+                                  });
+    }
+    sqlite3_blob_close(value);
+    return code;
+}
 
 } // namespace
 
@@ -170,9 +180,11 @@ Result<std::optional<std::string>> SqliteKeyValueStore::dataForKey(std::string_v
         Statement table(m_connection,
                         "SELECT 1 FROM sqlite_schema WHERE name = 'defaults' COLLATE NOCASE");
         if (!table.step()) return table.code();
-        Statement value(m_connection, "SELECT value FROM defaults WHERE key = ?1");
-        if (value.bindText(1, key).step()) data = value.data();
-        return value.code();
+        // The statement lives on while the value is read, or another process could change it now.
+        Statement value(m_connection,
+                        "SELECT rowid FROM defaults WHERE key = ?1 AND typeof(value) = 'blob'");
+        if (!value.bindText(1, key).step()) return value.code();
+        return readValue(m_connection, value.number(0), data.emplace());
     });
     if (!done) {
         m_unreadKeys.insert_or_assign(std::string(key), done.error());
