@@ -14,6 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t len
                 "an import fails in one of two ways");
         return 0;
     }
+    require(fuzz::isJson(json), "only JSON is read");
     require(backup->format == backupFormatId && backup->version == 2, "older ones are converted");
     const std::string written = writeBackup(*backup);
     const KorvanBackup again = readBackup(written, {}).value();

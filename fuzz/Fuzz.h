@@ -34,6 +34,15 @@ inline bool isValidUtf8(std::string_view text) {
     return simdjson::validate_utf8(text.data(), text.size());
 }
 
+// Judged by a parser that builds the whole document. It has no form for numbers above 64 bits,
+// which under keys that nobody knows are none of our business.
+inline bool isJson(std::string_view text) {
+    if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
+    simdjson::dom::parser parser;
+    const auto error = parser.parse(text.data(), text.size()).error();
+    return error == simdjson::SUCCESS || error == simdjson::NUMBER_ERROR;
+}
+
 inline void mend(std::string& text) { text = mended(text); }
 
 template <class Value>

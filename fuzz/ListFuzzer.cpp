@@ -20,6 +20,7 @@ void readList(const std::string& json) {
         require(records.error().localizedDescription.starts_with("list"), "errors name the list");
         return;
     }
+    require(isJson(json), "only JSON is read");
     const std::string written = encodeList(*records);
     require(areSame(decodeList<Record>(written, "list").value(), *records),
             "what was read is written so that it reads the same");

@@ -65,18 +65,15 @@ std::string writeBackup(const KorvanBackup& backup) {
 
 Result<KorvanBackup> readBackup(const std::string& bytes,
                                 const std::vector<SSHCategory>& currentCategories) {
-    simdjson::dom::parser parser;
-    json::Failure dropped;
-    const auto root = json::parse(parser, bytes, dropped);
-    if (!root) return unreadable();
+    JsonReader reader(bytes);
 
     // The newer layout first: it holds all keys of the older one, so that a document which lacks
     // only its categories can be told from one that is damaged.
-    if (KorvanBackup backup; json::readRecord(*root, backup, dropped)) {
+    if (KorvanBackup backup; reader.read(backup)) {
         if (backup.format != backupFormatId || backup.version != 2) return wrongFormat();
         return backup;
     }
-    if (KorvanBackupV1 old; json::readRecord(*root, old, dropped)) {
+    if (KorvanBackupV1 old; reader.read(old)) {
         if (old.format != backupFormatId || old.version != 1) return wrongFormat();
         return converted(std::move(old), currentCategories);
     }

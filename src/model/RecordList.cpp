@@ -15,13 +15,11 @@ std::string encodeList(const std::vector<Record>& records) {
 
 template <class Record>
 Result<std::vector<Record>> decodeList(const std::string& json, std::string_view listName) {
-    simdjson::dom::parser parser;
     std::vector<Record> records;
-    json::Failure why;
-    const auto root = json::parse(parser, json, why);
-    if (root && json::readValue(*root, records, why)) return records;
-    why.isInside(listName);
-    return failure("Decoding", 1, why.description());
+    JsonReader reader(json);
+    if (reader.read(records)) return records;
+    const std::string why = reader.failure();
+    return failure("Decoding", 1, std::string(listName) + (why.starts_with('[') ? "" : ": ") + why);
 }
 
 template std::string encodeList(const std::vector<SSHProfile>&);

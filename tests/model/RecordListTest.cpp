@@ -4,6 +4,7 @@
 #include "support/Examples.h"
 
 #include <gtest/gtest.h>
+#include <sstream>
 
 namespace korvan {
 
@@ -26,6 +27,11 @@ std::string written(std::string text) {
 std::string errorOf(const std::string& json) {
     const auto records = decodeList<SSHProfile>(json, "profiles");
     return records ? "no error" : records.error().localizedDescription;
+}
+
+// The example with an unknown key before its own ones.
+std::string withUnknown(const std::string& value) {
+    return replaced(kProfileJson, "{", std::string(R"({"x":)").append(value).append(","));
 }
 
 // The one profile that `json` stands for, as it is written again.
@@ -78,6 +84,9 @@ TEST(RecordList, IsReadWhateverTheLetterCaseOrderAndUnknownKeys) {
         {"0A0B0C0D", "0a0b0c0d"},
         {R"(\/Users\/)", "/Users/"},
         {R"("port":2222)", R"("x":[{}],"port" : 2222 )"},
+        {R"({"id")",
+         R"({"x":[{"y":[null,true,false,{},"\u00e4",-1.5e+3,99999999999999999999]}],"id")"},
+        {R"("port")", R"("p\u006frt":1,"port")"},
         {R"("user":"pi","port":2222)", R"("port":2222,"user":"pi")"},
     };
     for (const auto& [part, by] : cases)
@@ -111,9 +120,61 @@ TEST(RecordList, NamesPlaceAndKeyOfWhatItCannotRead) {
                   "profiles[1]." + error);
     EXPECT_EQ(errorOf("{}"), "profiles: expected an array");
     EXPECT_EQ(errorOf("[" + kProfileJson + ",[]]"), "profiles[1]: expected an object");
-    for (const std::string json : {"", "[", "[]]", "[{\"id\":}]", "[\"\xff\"]", R"(["\udc00"])",
-                                   "nul", "[99999999999999999999999]"})
-        EXPECT_TRUE(errorOf(json).starts_with("profiles: not valid JSON: ")) << json;
+}
+
+TEST(RecordList, RefusesAllThatIsNoJsonEvenUnderKeysThatItDoesNotKnow) {
+    // The parser checks only what is asked for: each of these is something to ask for.
+    for (const std::string json : {"", "[", "[]]", "[] []", "[]x", "[,]", "[{\"id\":}]",
+                                   "[\"\xff\"]", "nul", "{}}", "\x1f[]"})
+        EXPECT_NE(errorOf(json), "no error") << json;
+    std::istringstream lines(R"(
+[1
+[1]]
+[1,]
+[,1]
+[1 2]
+[}
+{
+{"a"}
+{"a":}
+{a:1}
+{1:1}
+{"a":1,}
+{"a" 1}
+{"a":1 "b":2}
+{"\udc00":1}
+nul
+nullx
+tru
+truex
+falsx
+NaN
+01
+-
++1
+1.
+.5
+1e
+1x
+0x1
+"a
+"\x"
+"\ud800"
+"\u12g4"
+"a" "b"
+//
+1,"x")");
+    for (std::string json; std::getline(lines, json);) {
+        const std::string wrong = rewritten(withUnknown(json));
+        EXPECT_TRUE(wrong.find("not valid JSON") != std::string::npos ||
+                    wrong.find("expected a value") != std::string::npos)
+            << json << ": " << wrong;
+    }
+    const auto nested = [](std::size_t depth) {
+        return rewritten(withUnknown(std::string(depth, '[').append(depth, ']')));
+    };
+    EXPECT_EQ(nested(190), kProfileJson);
+    EXPECT_NE(nested(100'000), kProfileJson);
 }
 
 } // namespace korvan

@@ -117,7 +117,7 @@ TEST_F(RecordStoreTest, KeepsAChangeThatCouldNotBeWrittenUntilAWriteSucceeds) {
 TEST_F(RecordStoreTest, PutsDamagedDataAsideBeforeItSeedsOverIt) {
     const std::string damaged = R"([{"id":"0A0B0C0D-0000-4000-8000-000000000001"}])";
     stored(kCategoriesKey) = damaged;
-    stored(kSnippetsKey) = "{";
+    stored(kSnippetsKey) = "[";
     const std::string printed = printedBy([&] {
         EXPECT_EQ(CategoryStore(memory).categories(), std::vector{defaultCategory()});
         EXPECT_EQ(SnippetStore(memory).snippets(), defaultSnippets());
@@ -126,7 +126,7 @@ TEST_F(RecordStoreTest, PutsDamagedDataAsideBeforeItSeedsOverIt) {
         printed.starts_with("Category load error: categories[0].name: required key is missing\n"
                             "Snippet load error: snippets: not valid JSON: "))
         << printed;
-    EXPECT_EQ(memory.preserved, (std::vector<std::string>{damaged, "{"}));
+    EXPECT_EQ(memory.preserved, (std::vector<std::string>{damaged, "["}));
     EXPECT_EQ(stored(kCategoriesKey), encodeList<SSHCategory>({defaultCategory()}));
 }
 
