@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Files.h"
 
+#include "model/Uuid.h"
+
 #include <cerrno>
 #include <climits>
 #include <cstring>
@@ -55,8 +57,11 @@ std::unexpected<Error> failureNow(std::string_view what, const fs::path& path) {
 class Descriptor final {
 public:
     explicit Descriptor(int number) : m_number(number) {}
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
+    Descriptor(Descriptor&& other) noexcept : m_number(std::exchange(other.m_number, -1)) {}
+    Descriptor& operator=(Descriptor&& other) noexcept {
+        std::swap(m_number, other.m_number);
+        return *this;
+    }
     ~Descriptor() {
         if (isOpen()) ::close(m_number);
     }
@@ -103,36 +108,51 @@ fs::path targetOf(const fs::path& path) {
     return target;
 }
 
-// A file under a name of its own beside its target, removed again unless it took the target's
-// place.
+// A file beside its target, which takes the target's place or is gone again. It gets a name only
+// when it is whole, so that nothing stays behind when the program is killed while it writes; where
+// the file system knows no nameless files, it has one from the start.
 class TemporaryFile final {
 public:
     explicit TemporaryFile(const fs::path& target)
         : m_path((folderOf(target) / ".korvan-XXXXXX").string()),
-          m_descriptor(::mkostemp(m_path.data(), O_CLOEXEC)) {}
+          m_descriptor(::open(folderOf(target).c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0600)) {
+        if (m_descriptor.isOpen() && ::access(nameless().c_str(), F_OK) == 0) return;
+        m_descriptor = Descriptor(::mkostemp(m_path.data(), O_CLOEXEC));
+        m_hasName = m_descriptor.isOpen();
+    }
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
     ~TemporaryFile() {
-        if (m_isOurs) ::unlink(m_path.c_str());
+        if (m_hasName) ::unlink(m_path.c_str());
     }
 
     bool write(std::string_view bytes, std::optional<mode_t> mode) {
-        m_isOurs = m_descriptor.isOpen();
-        return m_isOurs && (!mode || ::fchmod(m_descriptor.number(), *mode) == 0) &&
-               writeAll(m_descriptor.number(), bytes) && ::fsync(m_descriptor.number()) == 0 &&
-               m_descriptor.close();
+        return m_descriptor.isOpen() && (!mode || ::fchmod(m_descriptor.number(), *mode) == 0) &&
+               writeAll(m_descriptor.number(), bytes) && ::fsync(m_descriptor.number()) == 0;
     }
 
     bool replace(const fs::path& target) {
-        if (::rename(m_path.c_str(), target.c_str()) != 0) return false;
-        m_isOurs = false;
+        if (!m_hasName && !giveName()) return false;
+        if (!m_descriptor.close() || ::rename(m_path.c_str(), target.c_str()) != 0) return false;
+        m_hasName = false;
         return true;
     }
 
 private:
+    [[nodiscard]] std::string nameless() const {
+        return "/proc/self/fd/" + std::to_string(m_descriptor.number());
+    }
+
+    bool giveName() {
+        m_path = fs::path(m_path).replace_filename(".korvan-" + Uuid::random().text());
+        m_hasName = ::linkat(AT_FDCWD, nameless().c_str(), AT_FDCWD, m_path.c_str(),
+                             AT_SYMLINK_FOLLOW) == 0;
+        return m_hasName;
+    }
+
     std::string m_path;
     Descriptor m_descriptor;
-    bool m_isOurs = false;
+    bool m_hasName = false;
 };
 
 } // namespace
