@@ -61,7 +61,6 @@ int main(int argc, char** argv) {
     korvan::DesktopSettings settings;
     auto* style = new korvan::KorvanStyle;
     QApplication::setStyle(style);
-    QApplication::setWindowIcon(korvan::applicationIcon());
     QTranslator translator;
     speakGerman(application, translator);
 
@@ -69,6 +68,14 @@ int main(int argc, char** argv) {
     korvan::TavrelApp app(database, korvan::helperProgramPath(folder));
     QObject::connect(&service, &korvan::ApplicationService::windowRequested, &app,
                      &korvan::TavrelApp::openWindow);
+    // Drawn in four sizes, which the first window need not wait for.
+    QObject::connect(
+        &service, &korvan::ApplicationService::windowRequested, &application,
+        [] {
+            if (QApplication::windowIcon().isNull())
+                QApplication::setWindowIcon(korvan::applicationIcon());
+        },
+        Qt::QueuedConnection);
     settings.waitForAnswers(kSettingsPatience);
     follow(settings, *style);
     QObject::connect(&settings, &korvan::DesktopSettings::changed, style,

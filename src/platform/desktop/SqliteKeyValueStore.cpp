@@ -223,7 +223,10 @@ Result<> SqliteKeyValueStore::preserve(std::string_view key) {
 
 Result<> SqliteKeyValueStore::read(const Work& work) {
     if (isAbsent()) return {};
-    return attempt(kCannotRead, work);
+    auto done = attempt(kCannotRead, work);
+    // Nobody reads a list twice soon, and SQLite would keep two megabytes of it.
+    if (m_connection) sqlite3_db_release_memory(m_connection);
+    return done;
 }
 
 Result<> SqliteKeyValueStore::write(const Work& work) {

@@ -55,7 +55,7 @@ void SnippetList::layOut() {
     m_metrics.reset();
     // Otherwise the refresh that is on its way does it, or the moment when the list is shown: until
     // then its width is not the one that it will have.
-    if (!isUpToDate() || !isVisible()) return;
+    if (!isUpToDate() || !isVisible() || !m_wasShown) return;
     m_metrics = std::make_unique<SnippetRowMetrics>(viewport()->width());
     CommandExpansion expansion(m_shown.profile ? &*m_shown.profile : nullptr);
     m_tops.assign(1, 0);
@@ -208,7 +208,13 @@ void SnippetList::resizeEvent(QResizeEvent* event) {
 
 void SnippetList::showEvent(QShowEvent* event) {
     QAbstractScrollArea::showEvent(event);
-    fit();
+    if (m_wasShown) return fit();
+    // A new window does not wait for its commands: they are made while the desktop makes room.
+    const auto beginLayingOut = [this] {
+        m_wasShown = true;
+        fit();
+    };
+    QMetaObject::invokeMethod(this, beginLayingOut, Qt::QueuedConnection);
 }
 
 void SnippetList::scrollContentsBy(int, int) { showVisibleRows(Content::same); }
