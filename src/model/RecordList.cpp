@@ -14,8 +14,10 @@ std::string encodeList(const std::vector<Record>& records) {
 }
 
 template <class Record>
-Result<std::vector<Record>> decodeList(const std::string& json, std::string_view listName) {
+Result<std::vector<Record>> decodeList(const std::string& json, std::string_view listName,
+                                       std::size_t expectedCount) {
     std::vector<Record> records;
+    records.reserve(expectedCount + expectedCount / 8); // others may have added some
     JsonReader reader(json);
     if (reader.read(records)) return records;
     const std::string why = reader.failure();
@@ -26,8 +28,11 @@ template std::string encodeList(const std::vector<SSHProfile>&);
 template std::string encodeList(const std::vector<SSHCategory>&);
 template std::string encodeList(const std::vector<CommandSnippet>&);
 
-template Result<std::vector<SSHProfile>> decodeList(const std::string&, std::string_view);
-template Result<std::vector<SSHCategory>> decodeList(const std::string&, std::string_view);
-template Result<std::vector<CommandSnippet>> decodeList(const std::string&, std::string_view);
+template Result<std::vector<SSHProfile>> decodeList(const std::string&, std::string_view,
+                                                    std::size_t);
+template Result<std::vector<SSHCategory>> decodeList(const std::string&, std::string_view,
+                                                     std::size_t);
+template Result<std::vector<CommandSnippet>> decodeList(const std::string&, std::string_view,
+                                                        std::size_t);
 
 } // namespace korvan

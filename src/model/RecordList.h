@@ -6,6 +6,7 @@
 #include "model/SSHCategory.h"
 #include "model/SSHProfile.h"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,9 +19,10 @@ template <class Record>
 [[nodiscard]] std::string encodeList(const std::vector<Record>& records);
 
 // All records, or the error of the first that cannot be read; nothing in between. `listName` begins
-// the place that the error names, as in `profiles[1].host: required key is missing`.
+// the place that the error names, as in `profiles[1].host: required key is missing`. Quicker when
+// `expectedCount` is about right.
 template <class Record>
-[[nodiscard]] Result<std::vector<Record>> decodeList(const std::string& json,
-                                                     std::string_view listName);
+[[nodiscard]] Result<std::vector<Record>>
+decodeList(const std::string& json, std::string_view listName, std::size_t expectedCount = 0);
 
 } // namespace korvan

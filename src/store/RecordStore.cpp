@@ -36,7 +36,7 @@ void RecordStore<Record>::load() {
     m_storedDataIsUndecodable = false;
     const std::optional<std::string>& json = *data;
     if (!json) return;
-    auto records = decodeList<Record>(*json, m_kind.listName);
+    auto records = decodeList<Record>(*json, m_kind.listName, m_records.size());
     if (!records) {
         m_storedDataIsUndecodable = true;
         return printError("load", records.error());

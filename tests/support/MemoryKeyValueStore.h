@@ -33,7 +33,8 @@ public:
         if (found == values.end()) return std::nullopt;
         std::string copy;
         copy.reserve(found->second.size() + 64); // as the database gives it
-        return copy.append(found->second);
+        copy.append(found->second);
+        return copy;
     }
 
     Result<> setData(std::string_view key, std::string_view data) override {
