@@ -118,6 +118,8 @@ TEST(RecordList, NamesPlaceAndKeyOfWhatItCannotRead) {
         EXPECT_EQ(errorOf("[" + kProfileJson + "," + replaced(kProfileJson, part, by) + "," +
                           kProfileJson + "]"),
                   "profiles[1]." + error);
+    for (const std::string port : {"022", "22x", "2 2", "0x16", "+22", "-", "22.", ".5", "1e2"})
+        EXPECT_NE(errorOf("[" + replaced(kProfileJson, "2222", port) + "]"), "no error") << port;
     EXPECT_EQ(errorOf("{}"), "profiles: expected an array");
     EXPECT_EQ(errorOf("[" + kProfileJson + ",[]]"), "profiles[1]: expected an object");
 }

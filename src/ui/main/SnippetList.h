@@ -81,7 +81,7 @@ private:
     std::vector<int> m_tops;                       // of each row, and the bottom of the last
     std::map<std::size_t, SnippetRow*> m_rows;     // those that can be seen, by place
     std::vector<SnippetRow*> m_spareRows;
-    bool m_wasShown = false;
+    bool m_wasShown = false;     // and may be laid out
     std::size_t m_current = 0;   // the row that the keyboard is on
     bool m_showsCurrent = false; // since the keyboard was used last
 };
