@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "model/JsonReader.h"
 
+#include "model/JsonPadding.h"
+
 namespace korvan {
 
 namespace {
@@ -10,10 +12,12 @@ constexpr int kGreatestDepth = 200;
 
 } // namespace
 
+static_assert(kJsonPadding >= simdjson::SIMDJSON_PADDING);
+
 JsonReader::JsonReader(const std::string& text) {
     const std::string* source = &text;
-    if (text.capacity() - text.size() < simdjson::SIMDJSON_PADDING) {
-        m_copy.reserve(text.size() + simdjson::SIMDJSON_PADDING);
+    if (text.capacity() - text.size() < kJsonPadding) {
+        m_copy.reserve(text.size() + kJsonPadding);
         m_copy = text;
         source = &m_copy;
     }

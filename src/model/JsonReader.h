@@ -33,8 +33,7 @@ inline constexpr bool isOptional<std::optional<Value>> = true;
 // does not know is read as well, and dropped.
 class JsonReader final {
 public:
-    // `text` must outlive the reader. It is not copied when it has room for the parser's padding
-    // behind its end.
+    // `text` must outlive the reader. It is not copied when it has room for kJsonPadding.
     explicit JsonReader(const std::string& text);
 
     // Assigns `value`, a record or a vector of records, from the whole text; false when that is not

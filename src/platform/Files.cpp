@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Files.h"
 
+#include "model/JsonPadding.h"
 #include "model/Uuid.h"
 
 #include <cerrno>
@@ -21,9 +22,6 @@ namespace fs = std::filesystem;
 constexpr std::string_view kCannotRead = "Die Datei konnte nicht gelesen werden";
 constexpr std::string_view kCannotWrite = "Die Datei konnte nicht geschrieben werden";
 constexpr std::string_view kCannotCreateFolder = "Der Ordner konnte nicht angelegt werden";
-
-// What a JSON parser may read, and ignores, behind the end of its text.
-constexpr std::size_t kReadPadding = 64;
 
 // The codes that a user can do something about; the C library's own texts follow a locale that the
 // program does not choose.
@@ -177,7 +175,7 @@ Result<std::string> readFile(const fs::path& path) {
     std::size_t length = 0;
     while (true) {
         // One byte more than expected, so that the end is seen without another round.
-        bytes.reserve(expected + 1 + kReadPadding);
+        bytes.reserve(expected + 1 + kJsonPadding);
         bytes.resize(expected + 1);
         const ssize_t count = ::read(file.number(), bytes.data() + length, bytes.size() - length);
         if (count < 0 && errno == EINTR) continue;

@@ -16,7 +16,7 @@ namespace korvan {
 [[nodiscard]] Error posixError(int code, std::string_view what, const std::filesystem::path& path);
 
 // The bytes of a regular file. Anything else (a folder, a pipe, a device) is refused without
-// waiting for it. The string has room for a JSON parser's padding behind its end.
+// waiting for it. The string has room for kJsonPadding.
 [[nodiscard]] Result<std::string> readFile(const std::filesystem::path& path);
 
 // Puts `bytes` at `path` so that at every moment, a loss of power included, either the earlier file

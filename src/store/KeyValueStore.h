@@ -18,8 +18,9 @@ public:
     KeyValueStore& operator=(const KeyValueStore&) = delete;
     virtual ~KeyValueStore() = default;
 
-    // The bytes under `key`; nothing when the key is absent or its value is no data value. Fails
-    // when the place cannot be read just now, in which case there may well be a value.
+    // The bytes under `key`, best with room for kJsonPadding; nothing when the key is absent or its
+    // value is no data value. Fails when the place cannot be read just now, in which case there may
+    // well be a value.
     [[nodiscard]] virtual Result<std::optional<std::string>> dataForKey(std::string_view key) = 0;
 
     // Puts `data` under `key`, in place of any earlier value. On success the value is durable; on

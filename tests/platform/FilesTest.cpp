@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Files.h"
 
+#include "model/JsonPadding.h"
 #include "support/TemporaryFolder.h"
 
 #include <cerrno>
@@ -21,7 +22,7 @@ TEST(Files, ReadsWholeFilesWithRoomBehindTheirEnd) {
     for (const std::size_t size : {0U, 1U, 70'000U}) {
         const auto bytes = readFile(folder.file("daten", std::string(size, '\xff'))).value();
         EXPECT_EQ(bytes, std::string(size, '\xff'));
-        EXPECT_GE(bytes.capacity() - bytes.size(), 64U);
+        EXPECT_GE(bytes.capacity() - bytes.size(), kJsonPadding);
     }
     EXPECT_FALSE(readFile("/proc/self/stat").value().empty()) << "its size is said to be 0";
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "model/JsonPadding.h"
 #include "store/KeyValueStore.h"
 
 #include <functional>
@@ -32,7 +33,7 @@ public:
         const auto found = values.find(key);
         if (found == values.end()) return std::nullopt;
         std::string copy;
-        copy.reserve(found->second.size() + 64); // as the database gives it
+        copy.reserve(found->second.size() + kJsonPadding);
         copy.append(found->second);
         return copy;
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/desktop/SqliteKeyValueStore.h"
 
+#include "model/JsonPadding.h"
 #include "platform/Files.h"
 
 #include <array>
@@ -24,9 +25,6 @@ using Clock = std::chrono::steady_clock;
 constexpr std::string_view kCannotRead = "Die gespeicherten Daten konnten nicht gelesen werden";
 constexpr std::string_view kCannotWrite = "Die Daten konnten nicht gespeichert werden";
 constexpr std::string_view kCannotCreate = "Die Datenbank konnte nicht angelegt werden";
-
-// What a JSON parser may read, and ignores, behind the end of its text.
-constexpr int kReadPadding = 64;
 
 // The time between two attempts. SQLite's own waiting sleeps for up to 100 ms each time, and so
 // hardly ever meets the moment between two changes of somebody who makes many.
@@ -147,7 +145,7 @@ int readValue(sqlite3* connection, std::int64_t row, std::string& data) {
     int code = sqlite3_blob_open(connection, "main", "defaults", "value", row, 0, &value);
     if (code == SQLITE_OK) {
         const int size = sqlite3_blob_bytes(value);
-        data.reserve(static_cast<std::size_t>(size) + kReadPadding);
+        data.reserve(static_cast<std::size_t>(size) + kJsonPadding);
         data.resize_and_overwrite(static_cast<std::size_t>(size),
                                   [&](char* bytes, std::size_t length) {
                                       code = sqlite3_blob_read(value, bytes, size, 0);
