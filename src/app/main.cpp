@@ -19,6 +19,7 @@
 
 namespace {
 
+using namespace Qt::StringLiterals;
 using korvan::DesktopSettings;
 using korvan::KorvanStyle;
 
@@ -31,7 +32,7 @@ constexpr std::chrono::milliseconds kSettingsPatience(25);
 // The interface is German, and so are the toolkit's own texts, whatever the desktop's language.
 void speakGerman(QApplication& application, QTranslator& translator) {
     QLocale::setDefault(QLocale(QLocale::German));
-    if (translator.load(u"qtbase_de"_qs, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    if (translator.load(u"qtbase_de"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QApplication::installTranslator(&translator);
     application.setLayoutDirection(Qt::LeftToRight);
 }
@@ -52,8 +53,8 @@ int main(int argc, char** argv) {
     // The toolkit takes it out of the environment.
     const QString activationToken = korvan::activationTokenOfThisStart();
     QApplication application(argc, argv);
-    QApplication::setApplicationName(u"korvan"_qs);
-    QGuiApplication::setDesktopFileName(u"" KORVAN_IDENTIFIER ""_qs);
+    QApplication::setApplicationName(u"korvan"_s);
+    QGuiApplication::setDesktopFileName(u"" KORVAN_IDENTIFIER ""_s);
     const auto database = korvan::defaultDatabasePath();
     korvan::ApplicationService service(korvan::screenName() + u'|' +
                                        korvan::toQString(database.native()));

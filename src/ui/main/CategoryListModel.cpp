@@ -15,6 +15,8 @@
 
 namespace korvan {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int kRowPadding = 4;
@@ -31,9 +33,9 @@ CategoryListModel::CategoryListModel(const ContentView& view, QObject* parent)
 
 std::vector<CategoryListModel::Row> CategoryListModel::makeRows() const {
     std::vector<Row> rows;
-    rows.push_back({u"Alle"_qs, CategoryFilter::all()});
-    rows.push_back({u"Ohne Kategorie"_qs, CategoryFilter::uncategorized()});
-    rows.push_back({u"Eigene Kategorien"_qs, std::nullopt});
+    rows.push_back({u"Alle"_s, CategoryFilter::all()});
+    rows.push_back({u"Ohne Kategorie"_s, CategoryFilter::uncategorized()});
+    rows.push_back({u"Eigene Kategorien"_s, std::nullopt});
     for (const SSHCategory& category : m_view.categoryStore.categories())
         rows.push_back({toQString(category.name), CategoryFilter::category(category.id)});
     return rows;
@@ -84,7 +86,7 @@ QVariant CategoryListModel::data(const QModelIndex& index, int role) const {
     switch (role) {
     case Qt::DisplayRole: return row.title;
     case Qt::AccessibleDescriptionRole:
-        return isMarked(index.row()) ? u"Aktiver Filter"_qs : QString();
+        return isMarked(index.row()) ? u"Aktiver Filter"_s : QString();
     default: return {};
     }
 }
@@ -117,7 +119,7 @@ void FilterRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
     if (isMarked) {
         const QRect mark = QStyle::alignedRect(option.direction, Qt::AlignRight | Qt::AlignVCenter,
                                                {kSymbolSize, kSymbolSize}, content);
-        symbol(u"checkmark"_qs, SemanticColor::secondary).paint(painter, mark);
+        symbol(u"checkmark"_s, SemanticColor::secondary).paint(painter, mark);
         content.setRight(mark.left() - kRowInset);
     }
     QFont font = fontFor(isHeading ? TextStyle::subheadline : TextStyle::body);

@@ -14,6 +14,8 @@
 
 namespace korvan {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int kPadding = 12;
@@ -36,7 +38,7 @@ CategorySidebar::CategorySidebar(ContentView& view, QWidget* parent)
 
     m_list->setModel(m_model);
     m_list->setItemDelegate(new FilterRowDelegate(*m_model, m_list));
-    m_list->setAccessibleName(u"Kategorien"_qs);
+    m_list->setAccessibleName(u"Kategorien"_s);
     m_list->setSelectionMode(QAbstractItemView::NoSelection);
     m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -53,10 +55,10 @@ QWidget* CategorySidebar::makeHeading() {
     auto* layout = new QHBoxLayout(heading);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);
-    layout->addWidget(new Label(u"Kategorien"_qs, TextStyle::headline), 1);
-    QToolButton* add = makeSymbolButton(u"plus"_qs, u"Kategorie hinzufügen"_qs);
-    m_renameButton = makeSymbolButton(u"pencil"_qs, u"Kategorie umbenennen"_qs);
-    m_deleteButton = makeSymbolButton(u"trash"_qs, u"Kategorie löschen"_qs, SemanticColor::red);
+    layout->addWidget(new Label(u"Kategorien"_s, TextStyle::headline), 1);
+    QToolButton* add = makeSymbolButton(u"plus"_s, u"Kategorie hinzufügen"_s);
+    m_renameButton = makeSymbolButton(u"pencil"_s, u"Kategorie umbenennen"_s);
+    m_deleteButton = makeSymbolButton(u"trash"_s, u"Kategorie löschen"_s, SemanticColor::red);
     connect(add, &QToolButton::clicked, this, [this] { m_view.newCategory(); });
     connect(m_renameButton, &QToolButton::clicked, this,
             [this] { m_view.renameSelectedCategory(); });
@@ -91,9 +93,9 @@ void CategorySidebar::openMenu(const QModelIndex& index, QPoint globalPosition) 
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->setAccessibleName(toQString(chosen.name));
-    connect(menu->addAction(u"Umbenennen…"_qs), &QAction::triggered, this,
+    connect(menu->addAction(u"Umbenennen…"_s), &QAction::triggered, this,
             [this, chosen] { m_view.renameCategory(chosen); });
-    connect(menu->addAction(u"Löschen…"_qs), &QAction::triggered, this,
+    connect(menu->addAction(u"Löschen…"_s), &QAction::triggered, this,
             [this, chosen] { m_view.requestDeleteCategory(chosen); });
     menu->popup(globalPosition);
 }

@@ -11,6 +11,8 @@
 
 namespace korvan {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int kPadding = 12;
@@ -26,15 +28,15 @@ QString activeProfileText(const SSHProfile& profile) {
 CommandDatabasePanel::CommandDatabasePanel(ContentView& view, QWidget* parent)
     : QWidget(parent), m_view(view), m_search(new QLineEdit),
       m_activeProfile(new ElidedLabel(TextStyle::caption, SemanticColor::secondary)),
-      m_tip(new Label(u"Tipp: Profil auswählen → {HOST}/{USER}/{PORT}/{TARGET} werden ersetzt."_qs,
+      m_tip(new Label(u"Tipp: Profil auswählen → {HOST}/{USER}/{PORT}/{TARGET} werden ersetzt."_s,
                       TextStyle::caption, SemanticColor::secondary)),
       m_list(new SnippetList(view)) {
     setAutoFillBackground(true);
-    m_search->setPlaceholderText(u"Suchen…"_qs);
-    m_search->setAccessibleName(u"Befehle suchen"_qs);
+    m_search->setPlaceholderText(u"Suchen…"_s);
+    m_search->setAccessibleName(u"Befehle suchen"_s);
     m_search->setClearButtonEnabled(true);
     for (auto* clear : m_search->findChildren<QToolButton*>())
-        clear->setAccessibleName(u"Suche leeren"_qs); // the toolkit gives it no name
+        clear->setAccessibleName(u"Suche leeren"_s); // the toolkit gives it no name
     m_tip->setWordWrap(true);
     connect(m_search, &QLineEdit::textChanged, this,
             [this](const QString& text) { m_view.snippetSearch = fromQString(text); });
@@ -54,12 +56,12 @@ QWidget* CommandDatabasePanel::makeHeader() {
     auto* header = new QWidget;
     auto* layout = new QHBoxLayout(header);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(new Label(u"Befehlsdatenbank"_qs, TextStyle::headline), 1);
-    QPushButton* add = makeButton(u"plus"_qs, u"Neu"_qs);
-    add->setToolTip(u"Neuen Befehl anlegen"_qs);
-    add->setAccessibleName(u"Neuen Befehl anlegen"_qs);
+    layout->addWidget(new Label(u"Befehlsdatenbank"_s, TextStyle::headline), 1);
+    QPushButton* add = makeButton(u"plus"_s, u"Neu"_s);
+    add->setToolTip(u"Neuen Befehl anlegen"_s);
+    add->setAccessibleName(u"Neuen Befehl anlegen"_s);
     connect(add, &QPushButton::clicked, this, [this] { m_view.newSnippet(); });
-    QToolButton* hide = makeSymbolButton(u"sidebar.right"_qs, u"Liste ausblenden"_qs);
+    QToolButton* hide = makeSymbolButton(u"sidebar.right"_s, u"Liste ausblenden"_s);
     connect(hide, &QToolButton::clicked, this, [this] { m_view.showSnippets = false; });
     layout->addWidget(add);
     layout->addWidget(hide);

@@ -20,6 +20,8 @@
 
 namespace korvan {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr QSize kMinimumSplit(980, 520);
@@ -32,7 +34,7 @@ ContentWindow::ContentWindow(ContentView& view, FilePanels& filePanels,
                              std::function<QDialog*(QWidget* parent)> makeAbout)
     : m_view(view), m_presentations(std::make_unique<Presentations>(view, filePanels,
                                                                     std::move(makeAbout), this)) {
-    setWindowTitle(u"Korvan"_qs);
+    setWindowTitle(u"Korvan"_s);
     makeMenu();
     makeContent();
     resize(kIdealSize.boundedTo(screen()->availableSize() * 0.95));
@@ -43,13 +45,13 @@ ContentWindow::ContentWindow(ContentView& view, FilePanels& filePanels,
 ContentWindow::~ContentWindow() = default;
 
 void ContentWindow::makeMenu() {
-    QMenu* file = menuBar()->addMenu(u"Datei"_qs);
-    file->addAction(u"Neues Fenster"_qs, QKeySequence(Qt::CTRL | Qt::Key_N), this,
+    QMenu* file = menuBar()->addMenu(u"Datei"_s);
+    file->addAction(u"Neues Fenster"_s, QKeySequence(Qt::CTRL | Qt::Key_N), this,
                     &ContentWindow::newWindowRequested);
-    file->addAction(u"Fenster schließen"_qs, QKeySequence(Qt::CTRL | Qt::Key_W), this,
+    file->addAction(u"Fenster schließen"_s, QKeySequence(Qt::CTRL | Qt::Key_W), this,
                     &ContentWindow::close);
     file->addSeparator();
-    file->addAction(u"Beenden"_qs, QKeySequence(Qt::CTRL | Qt::Key_Q), qApp,
+    file->addAction(u"Beenden"_s, QKeySequence(Qt::CTRL | Qt::Key_Q), qApp,
                     &QApplication::closeAllWindows);
 }
 

@@ -11,6 +11,8 @@
 
 namespace korvan {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int kPadding = 12;
@@ -30,26 +32,26 @@ HeaderBar::HeaderBar(ContentView& view, QWidget* parent)
     m_layout->setSpacing(kSpacing);
 
     auto* title = new ElidedLabel(TextStyle::title2);
-    title->setText(u"Korvan Browser - Version 1.10"_qs);
+    title->setText(u"Korvan Browser - Version 1.10"_s);
     title->setMinimumWidth(kShortestTitle);
     m_title = title;
     m_layout->addWidget(m_title, 1);
 
-    addButton(u"terminal"_qs, u"Verbinden"_qs, &ContentView::connectSelectedProfile,
+    addButton(u"terminal"_s, u"Verbinden"_s, &ContentView::connectSelectedProfile,
               Target::selectedProfile);
-    addButton(u"pencil"_qs, u"Edit"_qs, &ContentView::editProfile, Target::selectedProfile);
-    addButton(u"trash"_qs, u"Löschen"_qs, &ContentView::requestDeleteProfile,
+    addButton(u"pencil"_s, u"Edit"_s, &ContentView::editProfile, Target::selectedProfile);
+    addButton(u"trash"_s, u"Löschen"_s, &ContentView::requestDeleteProfile,
               Target::selectedProfile);
     addDivider();
-    addButton(u"plus"_qs, u"Neu"_qs, &ContentView::newProfile);
-    addButton(u"doc.on.doc"_qs, u"SSH-Befehl kopieren"_qs, &ContentView::copySSHCommand,
+    addButton(u"plus"_s, u"Neu"_s, &ContentView::newProfile);
+    addButton(u"doc.on.doc"_s, u"SSH-Befehl kopieren"_s, &ContentView::copySSHCommand,
               Target::selectedProfile);
-    addButton(u"arrow.clockwise"_qs, u"Neu laden"_qs, &ContentView::reloadAll);
+    addButton(u"arrow.clockwise"_s, u"Neu laden"_s, &ContentView::reloadAll);
     addDivider();
-    addButton(u"square.and.arrow.up"_qs, u"Export"_qs, &ContentView::exportBackup);
-    addButton(u"square.and.arrow.down"_qs, u"Import"_qs, &ContentView::importBackup);
-    addButton(u"info.circle"_qs, u"Über"_qs, &ContentView::openAbout);
-    m_panelToggle = addButton(u"sidebar.right"_qs, u"Befehle aus"_qs, &ContentView::toggleSnippets);
+    addButton(u"square.and.arrow.up"_s, u"Export"_s, &ContentView::exportBackup);
+    addButton(u"square.and.arrow.down"_s, u"Import"_s, &ContentView::importBackup);
+    addButton(u"info.circle"_s, u"Über"_s, &ContentView::openAbout);
+    m_panelToggle = addButton(u"sidebar.right"_s, u"Befehle aus"_s, &ContentView::toggleSnippets);
     refresh();
 }
 
@@ -76,7 +78,7 @@ void HeaderBar::refresh() {
     const bool hasProfile = m_view.selectedProfile() != nullptr;
     for (QPushButton* button : m_profileButtons)
         button->setEnabled(hasProfile);
-    setLabel(m_panelToggle, m_view.showSnippets ? u"Befehle aus"_qs : u"Befehle ein"_qs);
+    setLabel(m_panelToggle, m_view.showSnippets ? u"Befehle aus"_s : u"Befehle ein"_s);
 }
 
 void HeaderBar::setLabel(QPushButton* button, const QString& label) {

@@ -15,6 +15,8 @@
 
 namespace korvan {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct ColumnLimits {
@@ -53,7 +55,7 @@ ProfileTable::ProfileTable(ContentView& view, QWidget* parent)
 
 void ProfileTable::configure() {
     setModel(&m_model);
-    setAccessibleName(u"Profile"_qs);
+    setAccessibleName(u"Profile"_s);
     setMinimumWidth(kMinimumWidth);
     setFrameShape(QFrame::NoFrame);
     setSelectionBehavior(SelectRows);

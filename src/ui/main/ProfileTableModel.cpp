@@ -12,6 +12,8 @@
 
 namespace korvan {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // A cell has one line, whatever the text holds.
@@ -30,8 +32,8 @@ QString cellText(const SSHProfile& profile, int column) {
     case ProfileTableModel::host: return onOneLine(profile.host);
     case ProfileTableModel::port: return QString::number(profile.port);
     case ProfileTableModel::user: return onOneLine(profile.user);
-    case ProfileTableModel::password: return isBlank(profile.password) ? QString() : u"••••••••"_qs;
-    case ProfileTableModel::key: return isBlank(profile.identityFile) ? QString() : u"✓"_qs;
+    case ProfileTableModel::password: return isBlank(profile.password) ? QString() : u"••••••••"_s;
+    case ProfileTableModel::key: return isBlank(profile.identityFile) ? QString() : u"✓"_s;
     default: return {};
     }
 }
@@ -40,7 +42,7 @@ QString cellText(const SSHProfile& profile, int column) {
 QString spokenText(const SSHProfile& profile, int column) {
     const QString text = cellText(profile, column);
     const bool isMark = column == ProfileTableModel::password || column == ProfileTableModel::key;
-    return isMark ? (text.isEmpty() ? u"Nicht vorhanden"_qs : u"Vorhanden"_qs) : text;
+    return isMark ? (text.isEmpty() ? u"Nicht vorhanden"_s : u"Vorhanden"_s) : text;
 }
 
 QColor cellColor(const SSHProfile& profile, int column) {
@@ -135,12 +137,12 @@ QVariant ProfileTableModel::headerData(int section, Qt::Orientation orientation,
     if (role == Qt::TextAlignmentRole) return QVariant(Qt::AlignLeft | Qt::AlignVCenter);
     if (role != Qt::DisplayRole) return {};
     switch (section) {
-    case name: return u"Name"_qs;
-    case host: return u"IP / Host"_qs;
-    case port: return u"Port"_qs;
-    case user: return u"Benutzer"_qs;
-    case password: return u"Passwort"_qs;
-    case key: return u"Key"_qs;
+    case name: return u"Name"_s;
+    case host: return u"IP / Host"_s;
+    case port: return u"Port"_s;
+    case user: return u"Benutzer"_s;
+    case password: return u"Passwort"_s;
+    case key: return u"Key"_s;
     default: return {};
     }
 }

@@ -14,6 +14,8 @@
 
 namespace korvan {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int kScrollStep = 24;
@@ -23,8 +25,8 @@ constexpr int kScrollStep = 24;
 SnippetList::SnippetList(ContentView& view, QWidget* parent)
     : QAbstractScrollArea(parent), m_view(view) {
     installSnippetListAccess();
-    setObjectName(u"commands"_qs);
-    setAccessibleName(u"Befehle"_qs);
+    setObjectName(u"commands"_s);
+    setAccessibleName(u"Befehle"_s);
     setFocusPolicy(Qt::StrongFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     // Always there: a bar that comes and goes would change every row's width.

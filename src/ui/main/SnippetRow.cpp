@@ -13,6 +13,8 @@
 
 namespace korvan {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int kLineSpacing = 6;
@@ -100,9 +102,9 @@ SnippetRow::SnippetRow(ContentView& view, QWidget* parent)
       m_command(
           new ElidedLabel(TextStyle::caption, SemanticColor::secondary, kMostCommandLines, this)),
       m_hint(new ElidedLabel(TextStyle::caption2, SemanticColor::secondary, 1, this)),
-      m_copyButton(new QPushButton(u"Copy"_qs, this)),
-      m_editButton(makeSymbolButton(u"pencil"_qs, u"Bearbeiten"_qs)),
-      m_deleteButton(makeSymbolButton(u"trash"_qs, u"Löschen"_qs, SemanticColor::red)) {
+      m_copyButton(new QPushButton(u"Copy"_s, this)),
+      m_editButton(makeSymbolButton(u"pencil"_s, u"Bearbeiten"_s)),
+      m_deleteButton(makeSymbolButton(u"trash"_s, u"Löschen"_s, SemanticColor::red)) {
     m_title->setBold();
     m_command->setDesign(FontDesign::monospaced);
     m_copyButton->setFont(fontFor(TextStyle::subheadline));
@@ -130,9 +132,9 @@ void SnippetRow::show(const CommandSnippet& snippet, const SSHProfile* profile,
     setAccessibleName(title);
     setAccessibleDescription(toQString(command));
     // All rows have the same three buttons: without the title nobody could tell them apart.
-    m_copyButton->setAccessibleName(u"Copy: "_qs + title);
-    m_editButton->setAccessibleName(u"Bearbeiten: "_qs + title);
-    m_deleteButton->setAccessibleName(u"Löschen: "_qs + title);
+    m_copyButton->setAccessibleName(u"Copy: "_s + title);
+    m_editButton->setAccessibleName(u"Bearbeiten: "_s + title);
+    m_deleteButton->setAccessibleName(u"Löschen: "_s + title);
     place(metrics, metrics.commandLines(command));
     QWidget::show();
 }

@@ -16,6 +16,8 @@
 
 namespace korvan {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int kPartSpacing = 10;
@@ -106,7 +108,7 @@ void Toast::changeEvent(QEvent* event) {
 }
 
 void Toast::tintSymbol() {
-    m_symbol->setPixmap(symbol(u"checkmark.circle.fill"_qs, SemanticColor::green)
+    m_symbol->setPixmap(symbol(u"checkmark.circle.fill"_s, SemanticColor::green)
                             .pixmap(QSize(kSymbolSize, kSymbolSize), devicePixelRatioF()));
 }
 

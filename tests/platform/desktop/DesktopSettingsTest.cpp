@@ -11,10 +11,12 @@
 
 namespace korvan {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString kPath = u"/org/freedesktop/portal/desktop"_qs;
-const QString kFactor = u"AnimationDurationFactor"_qs;
+const QString kPath = u"/org/freedesktop/portal/desktop"_s;
+const QString kFactor = u"AnimationDurationFactor"_s;
 
 QVariant boxed(const QVariant& value) { return QVariant::fromValue(QDBusVariant(value)); }
 
@@ -22,11 +24,11 @@ QVariant boxed(const QVariant& value) { return QVariant::fromValue(QDBusVariant(
 class Portal final : public QDBusVirtualObject {
 public:
     Portal() {
-        m_daemon.start(u"dbus-daemon"_qs, {u"--session"_qs, u"--nofork"_qs, u"--print-address"_qs});
+        m_daemon.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});
         m_daemon.waitForReadyRead();
         m_address = QString::fromUtf8(m_daemon.readLine()).trimmed();
-        connection(u"portal"_qs).registerVirtualObject(kPath, this);
-        connection(u"portal"_qs).registerService(u"org.freedesktop.portal.Desktop"_qs);
+        connection(u"portal"_s).registerVirtualObject(kPath, this);
+        connection(u"portal"_s).registerService(u"org.freedesktop.portal.Desktop"_s);
     }
     ~Portal() override { m_daemon.terminate(), m_daemon.waitForFinished(); }
 
@@ -35,15 +37,15 @@ public:
     }
 
     void change(const QString& group, const QString& key, const QVariant& value) const {
-        const auto interface = u"org.freedesktop.portal.Settings"_qs;
-        auto signal = QDBusMessage::createSignal(kPath, interface, u"SettingChanged"_qs);
-        connection(u"portal"_qs).send(signal << group << key << boxed(value));
+        const auto interface = u"org.freedesktop.portal.Settings"_s;
+        auto signal = QDBusMessage::createSignal(kPath, interface, u"SettingChanged"_s);
+        connection(u"portal"_s).send(signal << group << key << boxed(value));
     }
 
     [[nodiscard]] QString introspect(const QString&) const override { return {}; }
     bool handleMessage(const QDBusMessage& call, const QDBusConnection& bus) override {
         const auto key = call.arguments().at(1).toString();
-        const auto value = key == kFactor ? QVariant(u"0"_qs) : QVariant(1U);
+        const auto value = key == kFactor ? QVariant(u"0"_s) : QVariant(1U);
         return bus.send(call.createReply(boxed(boxed(value)))); // twice, as the real one does
     }
 
@@ -59,18 +61,18 @@ TEST(DesktopSettings, FollowWhatTheUserChooses) {
     int count = 0;
     const QCoreApplication application(count, nullptr);
     const Portal portal;
-    const DesktopSettings settings(portal.connection(u"korvan"_qs));
+    const DesktopSettings settings(portal.connection(u"korvan"_s));
     const auto becomes = [&](DesktopSettings::ColorScheme scheme, bool isStill) {
         return QTest::qWaitFor([&] {
             return settings.colorScheme() == scheme && settings.reducesMotion() == isStill;
         });
     };
     EXPECT_TRUE(becomes(dark, true));
-    portal.change(u"org.kde.kdeglobals.KDE"_qs, kFactor, u"0.5"_qs);
+    portal.change(u"org.kde.kdeglobals.KDE"_s, kFactor, u"0.5"_s);
     EXPECT_TRUE(becomes(dark, false));
-    portal.change(u"org.gnome.desktop.interface"_qs, u"enable-animations"_qs, false);
+    portal.change(u"org.gnome.desktop.interface"_s, u"enable-animations"_s, false);
     EXPECT_TRUE(becomes(dark, true));
-    portal.change(u"org.freedesktop.appearance"_qs, u"color-scheme"_qs, 2U);
+    portal.change(u"org.freedesktop.appearance"_s, u"color-scheme"_s, 2U);
     EXPECT_TRUE(becomes(light, true));
 }
 

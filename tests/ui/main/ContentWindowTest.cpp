@@ -20,6 +20,8 @@
 
 namespace korvan {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class ContentWindowTest : public testing::Test {
@@ -153,7 +155,7 @@ TEST_F(ContentWindowTest, OpensTheMenuOfACategoryByKey) {
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     ASSERT_NE(menu, nullptr);
     ASSERT_EQ(menu->actions().size(), 2);
-    EXPECT_EQ(menu->actions().at(0)->text(), u"Umbenennen…"_qs);
+    EXPECT_EQ(menu->actions().at(0)->text(), u"Umbenennen…"_s);
     menu->actions().at(1)->trigger();
     menu->close();
     EXPECT_TRUE(state.showCategoryDeleteConfirm);
@@ -168,14 +170,14 @@ TEST_F(ContentWindowTest, SearchesAndCopiesWithFewRowsForManyCommands) {
     EXPECT_LT(window.findChildren<SnippetRow*>().size(), 30);
 
     auto* search = named<QLineEdit>(window, "Befehle suchen");
-    QTest::keyClicks(search, u" 9876 "_qs);
+    QTest::keyClicks(search, u" 9876 "_s);
     settle();
     auto* row = named<SnippetRow>(window, "9876");
     ASSERT_NE(row, nullptr);
     QTest::mouseClick(row, Qt::LeftButton, {}, QPoint(20, row->height() - 10));
     EXPECT_EQ(desktop.clipboard.texts, std::vector<std::string>{"ping -c 4 10.0.0.7"});
     EXPECT_EQ(*state.lastCopiedText, "9876");
-    QTest::keyClick(window.findChild<QWidget*>(u"commands"_qs), Qt::Key_Space);
+    QTest::keyClick(window.findChild<QWidget*>(u"commands"_s), Qt::Key_Space);
     EXPECT_EQ(desktop.clipboard.texts.size(), 2U);
 }
 
