@@ -36,12 +36,9 @@ public:
         painter->drawPixmap(rect.topLeft(), pixmap);
     }
 
+    // In device pixels. `scaledPixmap` is left to the toolkit: what size that one is given depends
+    // on the toolkit's version, but it always asks here for the device pixels that follow.
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State) override {
-        return drawing(size, mode);
-    }
-
-    // The size is one of device pixels already; the icon sets the ratio.
-    QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State, qreal) override {
         return drawing(size, mode);
     }
 

@@ -5,7 +5,10 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QFontMetrics>
+#include <QPainter>
 #include <QPalette>
+#include <QStyle>
+#include <QStyleOptionToolButton>
 #include <QVBoxLayout>
 #include <gtest/gtest.h>
 
@@ -55,6 +58,25 @@ TEST(Symbols, AreSharpAndFollowThePaletteOfTheMoment) {
         }
     }
     QApplication::setPalette(before);
+}
+
+// A blurred symbol is one that was drawn in 16 pixels and enlarged.
+TEST(Symbols, AreDrawnInTheScreensPixelsInAButton) {
+    for (const auto* name : {"pencil", "trash", "plus", "sidebar.right"}) {
+        QStyleOptionToolButton option;
+        option.icon = symbol(QLatin1String(name));
+        option.iconSize = QSize(16, 16);
+        option.rect = QRect(QPoint(), option.iconSize);
+        option.state = QStyle::State_Enabled;
+        QImage shown(32, 32, QImage::Format_ARGB32_Premultiplied);
+        shown.setDevicePixelRatio(2);
+        shown.fill(Qt::transparent);
+        QPainter painter(&shown);
+        QApplication::style()->drawControl(QStyle::CE_ToolButtonLabel, &option, &painter);
+        painter.end();
+        shown.setDevicePixelRatio(1);
+        EXPECT_TRUE(shown == option.icon.pixmap(QSize(32, 32), 1.0).toImage()) << name;
+    }
 }
 
 TEST(ElidedLabel, CutsWhatIsShownAndReadsTheWhole) {
