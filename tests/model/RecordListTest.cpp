@@ -166,12 +166,8 @@ NaN
 "a" "b"
 //
 1,"x")");
-    for (std::string json; std::getline(lines, json);) {
-        const std::string wrong = rewritten(withUnknown(json));
-        EXPECT_TRUE(wrong.find("not valid JSON") != std::string::npos ||
-                    wrong.find("expected a value") != std::string::npos)
-            << json << ": " << wrong;
-    }
+    for (std::string json; std::getline(lines, json);)
+        EXPECT_NE(errorOf("[" + withUnknown(json) + "]"), "no error") << json;
     const auto nested = [](std::size_t depth) {
         return rewritten(withUnknown(std::string(depth, '[').append(depth, ']')));
     };
