@@ -219,8 +219,8 @@ TEST(Torture, AFileThatMayNotGrowIsLeftAsItWas) {
     runOutOfRoom(folder.path(), setLimit, [&] { setLimit(RLIM_INFINITY); });
 }
 
-// Whether this process may mount now, unseen by all others. Root may also where the kernel allows no
-// user namespace, as in a changed root folder.
+// Whether this process may mount now, unseen by all others. Root may also where the kernel allows
+// no user namespace, as in a changed root folder.
 bool canMount() {
     const uid_t user = ::getuid();
     const gid_t group = ::getgid();
