@@ -11,6 +11,8 @@
 
 namespace korvan {
 
+using namespace Qt::StringLiterals;
+
 Presentations::Presentations(ContentView& state, FilePanels& filePanels, MakeDialog makeAbout,
                              QWidget* window)
     : m_state(state), m_filePanels(filePanels), m_window(window) {
@@ -98,12 +100,13 @@ QDialog* Presentations::makeSnippetEditor(QWidget* parent) {
 
 QDialog* Presentations::makeAlert(const Alert& alert, QWidget* parent) {
     using Role = AlertSheet::Role;
-    const std::vector<AlertSheet::Button> buttons =
-        alert.isConfirmation()
-            ? std::vector<AlertSheet::Button>{{toQString(alert.destructiveButton),
-                                               Role::destructive},
-                                              {QStringLiteral("Abbrechen"), Role::cancel}}
-            : std::vector<AlertSheet::Button>{{QStringLiteral("OK"), Role::standard}};
+    std::vector<AlertSheet::Button> buttons;
+    if (alert.isConfirmation()) {
+        buttons.push_back({toQString(alert.destructiveButton), Role::destructive});
+        buttons.push_back({u"Abbrechen"_s, Role::cancel});
+    } else {
+        buttons.push_back({u"OK"_s, Role::standard});
+    }
     return new AlertSheet(toQString(alert.title), toQString(alert.message(m_state)), buttons,
                           parent);
 }
