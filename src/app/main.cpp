@@ -2,6 +2,7 @@
 #include "app/Activation.h"
 #include "app/ApplicationService.h"
 #include "app/TavrelApp.h"
+#include "platform/StandardStreams.h"
 #include "platform/desktop/DesktopSettings.h"
 #include "platform/desktop/DesktopWorkspace.h"
 #include "platform/desktop/QtText.h"
@@ -48,6 +49,7 @@ void follow(const DesktopSettings& settings, KorvanStyle& style) {
 } // namespace
 
 int main(int argc, char** argv) {
+    korvan::secureStandardStreams();
     // Whoever started us may ignore the end of his children; we want to know of ours.
     std::signal(SIGCHLD, SIG_DFL);
     // The toolkit takes it out of the environment.
