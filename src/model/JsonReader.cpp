@@ -3,12 +3,68 @@
 
 #include "model/JsonPadding.h"
 
+#include <charconv>
+#include <system_error>
+
 namespace korvan {
 
 namespace {
 
-// Deeper nesting is refused, since what is unknown is read by functions that call themselves.
-constexpr int kGreatestDepth = 200;
+// Deeper nesting of what is unknown is refused: it is read by a function that calls itself.
+constexpr int kGreatestDepth = 500;
+
+// Takes digits off the front of `text`; false when there is none.
+bool takeDigits(std::string_view& text) {
+    const auto count = std::min(text.find_first_not_of("0123456789"), text.size());
+    text.remove_prefix(count);
+    return count > 0;
+}
+
+bool takeAny(std::string_view& text, std::string_view characters) {
+    if (text.empty() || !characters.contains(text.front())) return false;
+    text.remove_prefix(1);
+    return true;
+}
+
+// Whether `text` is a number as JSON has it, of whatever size.
+bool isNumber(std::string_view text) {
+    takeAny(text, "-");
+    if (!takeAny(text, "0") && !takeDigits(text)) return false;
+    if (takeAny(text, ".") && !takeDigits(text)) return false;
+    if (takeAny(text, "eE")) {
+        takeAny(text, "+-");
+        if (!takeDigits(text)) return false;
+    }
+    return text.empty();
+}
+
+// The exact value of a JSON number, if that is an integer of 64 bits: 22 for "22.0" and "2.2e1".
+std::optional<std::int64_t> integerValue(std::string_view number) {
+    const std::size_t mark = std::min(number.find_first_of("eE"), number.size());
+    std::string digits(number.substr(0, mark));
+    if (digits.find_first_of("123456789") == std::string::npos) return 0;
+    // The value is `digits` times ten to the power of `exponent`.
+    std::int64_t exponent = 0;
+    if (mark < number.size()) {
+        const bool hasPlus = number[mark + 1] == '+';
+        const char* begin = number.data() + mark + (hasPlus ? 2 : 1);
+        const auto end = number.data() + number.size();
+        if (std::from_chars(begin, end, exponent).ec != std::errc()) return std::nullopt;
+    }
+    if (const std::size_t point = digits.find('.'); point != std::string::npos) {
+        digits.erase(point, 1);
+        exponent -= static_cast<std::int64_t>(digits.size() - point);
+    }
+    for (; exponent < 0 && digits.back() == '0'; ++exponent)
+        digits.pop_back();
+    constexpr std::int64_t kMostDigits = 19; // of 64 bits
+    if (exponent < 0 || exponent > kMostDigits) return std::nullopt;
+    digits.append(static_cast<std::size_t>(exponent), '0');
+    std::int64_t value = 0;
+    const auto end = digits.data() + digits.size();
+    const auto [rest, error] = std::from_chars(digits.data(), end, value);
+    return error == std::errc() && rest == end ? std::optional(value) : std::nullopt;
+}
 
 } // namespace
 
@@ -84,8 +140,12 @@ bool JsonReader::readValue(JsonValue& json, std::string& value) {
 }
 
 bool JsonReader::readValue(JsonValue& json, std::int64_t& value) {
-    return json.get_int64().get(value) == simdjson::SUCCESS ||
-           fail("expected an integer of 64 bits");
+    if (json.get_int64().get(value) == simdjson::SUCCESS) return true;
+    const auto written = number(json);
+    const auto integer = written ? integerValue(*written) : std::nullopt;
+    if (!integer) return fail("expected an integer of 64 bits");
+    value = *integer;
+    return true;
 }
 
 bool JsonReader::readValue(JsonValue& json, Uuid& value) {
@@ -98,22 +158,30 @@ bool JsonReader::readValue(JsonValue& json, Uuid& value) {
     return true;
 }
 
+std::optional<std::string_view> JsonReader::number(JsonValue& json) {
+    std::string_view token = json.raw_json_token(); // with the blanks behind it
+    token = token.substr(0, token.find_last_not_of(" \t\n\r") + 1);
+    return isNumber(token) ? std::optional(token) : std::nullopt;
+}
+
 bool JsonReader::drop(JsonValue& json, int depth) {
+    using Type = simdjson::ondemand::json_type;
     constexpr std::string_view reason = "expected a value";
-    if (depth > kGreatestDepth) return fail(simdjson::DEPTH_ERROR, reason);
-    simdjson::ondemand::json_type type{};
+    Type type{};
     if (const auto error = json.type().get(type)) return fail(error, reason);
+    const bool nests = type == Type::array || type == Type::object;
+    if (nests && depth == kGreatestDepth) return fail(simdjson::DEPTH_ERROR, reason);
     simdjson::error_code error = simdjson::SUCCESS;
     bool isNull = true;
     switch (type) {
-    case simdjson::ondemand::json_type::array:
+    case Type::array:
         for (auto element : json.get_array()) {
             if (element.error()) return fail(element.error(), reason);
             JsonValue inner = element.value_unsafe();
             if (!drop(inner, depth + 1)) return false;
         }
         break;
-    case simdjson::ondemand::json_type::object:
+    case Type::object:
         for (auto member : json.get_object()) {
             if (member.error()) return fail(member.error(), reason);
             simdjson::ondemand::field&& field = std::move(member).value_unsafe();
@@ -122,9 +190,12 @@ bool JsonReader::drop(JsonValue& json, int depth) {
             if (!drop(field.value(), depth + 1)) return false;
         }
         break;
-    case simdjson::ondemand::json_type::string: error = text(json).error(); break;
-    case simdjson::ondemand::json_type::number: error = json.get_double().error(); break;
-    case simdjson::ondemand::json_type::boolean: error = json.get_bool().error(); break;
+    case Type::string: error = text(json).error(); break;
+    // Not by the parser, which refuses those that are too large for it.
+    case Type::number:
+        if (!number(json)) error = simdjson::NUMBER_ERROR;
+        break;
+    case Type::boolean: error = json.get_bool().error(); break;
     // null, and what begins like no value: newer versions of the parser have a kind for it.
     default: error = json.is_null().get(isNull); break;
     }

@@ -95,7 +95,7 @@ TEST(KorvanBackup, TellsAnotherFormatFromADamagedFile) {
         {"\"createdAtISO8601\"", "\"createdAt\"", 2},
         {"\"version\" : 2", "\"version\" : 2,", 2},
         {"2001-09-09T01:46:40Z", "irgendwann", 0},
-        {"\"version\" : 2", "\"version\" : 2, \"extra\" : [1.5, null]", 0},
+        {"\"version\" : 2", "\"version\" : 2.0, \"extra\" : [1.5, null]", 0},
     };
     for (const auto& [part, by, code] : cases)
         EXPECT_EQ(errorCode(replaced(kText, part, by)), code) << by;

@@ -84,8 +84,8 @@ TEST(RecordList, IsReadWhateverTheLetterCaseOrderAndUnknownKeys) {
         {"0A0B0C0D", "0a0b0c0d"},
         {R"(\/Users\/)", "/Users/"},
         {R"("port":2222)", R"("x":[{}],"port" : 2222 )"},
-        {R"({"id")",
-         R"({"x":[{"y":[null,true,false,{},"\u00e4",-1.5e+3,99999999999999999999]}],"id")"},
+        {R"({"id")", R"({"x":[{"y":[null,true,false,{},"\u00e4",-1.5e+3,1e400,-0.0E-7]}],"id")"},
+        {R"({"id")", R"({"x":)" + std::string(400, '9') + R"(,"id")"},
         {R"("port")", R"("p\u006frt":1,"port")"},
         {R"("user":"pi","port":2222)", R"("port":2222,"user":"pi")"},
     };
@@ -98,6 +98,18 @@ TEST(RecordList, IsReadWhateverTheLetterCaseOrderAndUnknownKeys) {
         const std::string json = replaced(kProfileJson, "2222", port);
         EXPECT_EQ(rewritten(json), json);
     }
+    const std::pair<std::string, std::string> ports[] = {
+        {"22.0", "22"},
+        {"2.2e1 ", "22"},
+        {"0.022E+3", "22"},
+        {"-2200e-2", "-22"},
+        {"0.0e999999999999999999999", "0"},
+        {"9007199254740993.0", "9007199254740993"},
+        {"-922337203685477580800E-2", "-9223372036854775808"},
+    };
+    for (const auto& [port, value] : ports)
+        EXPECT_EQ(rewritten(replaced(kProfileJson, "2222", port)),
+                  replaced(kProfileJson, "2222", value));
     EXPECT_EQ(errorOf("\xEF\xBB\xBF[" + kProfileJson + "]\n"), "no error");
 }
 
@@ -118,7 +130,9 @@ TEST(RecordList, NamesPlaceAndKeyOfWhatItCannotRead) {
         EXPECT_EQ(errorOf("[" + kProfileJson + "," + replaced(kProfileJson, part, by) + "," +
                           kProfileJson + "]"),
                   "profiles[1]." + error);
-    for (const std::string port : {"022", "22x", "2 2", "0x16", "+22", "-", "22.", ".5", "1e2"})
+    for (const std::string port :
+         {"022", "22x", "2 2", "0x16", "+22", "-", "22.", ".5", "1e", "22e-1",
+          "922337203685477580.8e1", "1e400", "1e99999999999999999999"})
         EXPECT_NE(errorOf("[" + replaced(kProfileJson, "2222", port) + "]"), "no error") << port;
     EXPECT_EQ(errorOf("{}"), "profiles: expected an array");
     EXPECT_EQ(errorOf("[" + kProfileJson + ",[]]"), "profiles[1]: expected an object");
@@ -171,7 +185,8 @@ NaN
     const auto nested = [](std::size_t depth) {
         return rewritten(withUnknown(std::string(depth, '[').append(depth, ']')));
     };
-    EXPECT_EQ(nested(190), kProfileJson);
+    EXPECT_EQ(nested(500), kProfileJson);
+    EXPECT_NE(nested(501), kProfileJson);
     EXPECT_NE(nested(100'000), kProfileJson);
 }
 
