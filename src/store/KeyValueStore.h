@@ -24,8 +24,9 @@ public:
     [[nodiscard]] virtual Result<std::optional<std::string>> dataForKey(std::string_view key) = 0;
 
     // Puts `data` under `key`, in place of any earlier value. On success the value is durable; on
-    // failure the earlier one is untouched. Fails while the last dataForKey for this key failed:
-    // what could not be read is never overwritten.
+    // failure the earlier one is untouched. An earlier one that is no data value is put aside
+    // first, as by `preserve`. Fails while the last dataForKey for this key failed: what could not
+    // be read is never overwritten.
     [[nodiscard]] virtual Result<> setData(std::string_view key, std::string_view data) = 0;
 
     // Puts a copy of the value under `key` aside, where this program never looks but a person can.

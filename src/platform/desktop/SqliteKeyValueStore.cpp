@@ -197,6 +197,9 @@ Result<> SqliteKeyValueStore::setData(std::string_view key, std::string_view dat
     if (const auto found = m_unreadKeys.find(key); found != m_unreadKeys.end())
         return std::unexpected(found->second);
     return write([&] {
+        // What is no data value was no list to whoever read it, so nobody has put it aside.
+        if (const int code = putAside(key, "typeof(value) <> 'blob'"); code != SQLITE_OK)
+            return code;
         return Statement(m_connection, "INSERT INTO defaults(key, value) VALUES(?1, ?2) "
                                        "ON CONFLICT(key) DO UPDATE SET value = excluded.value")
             .bindText(1, key)
@@ -206,17 +209,21 @@ Result<> SqliteKeyValueStore::setData(std::string_view key, std::string_view dat
 }
 
 Result<> SqliteKeyValueStore::preserve(std::string_view key) {
-    return write([&] {
-        Statement value(m_connection, "SELECT 1 FROM defaults WHERE key = ?1");
-        if (!value.bindText(1, key).step()) return value.code();
-        const int code = execute("CREATE TABLE IF NOT EXISTS damaged(key TEXT, value, at TEXT)");
-        if (code != SQLITE_OK) return code;
-        return Statement(m_connection, "INSERT INTO damaged(key, value, at) SELECT key, value, "
-                                       "strftime('%Y-%m-%dT%H:%M:%SZ', 'now') "
-                                       "FROM defaults WHERE key = ?1")
-            .bindText(1, key)
-            .run();
-    });
+    return write([&] { return putAside(key, "true"); });
+}
+
+int SqliteKeyValueStore::putAside(std::string_view key, const std::string& condition) {
+    const std::string rows = " FROM defaults WHERE key = ?1 AND " + condition;
+    Statement value(m_connection, ("SELECT 1" + rows).c_str());
+    if (!value.bindText(1, key).step()) return value.code();
+    const int code = execute("CREATE TABLE IF NOT EXISTS damaged(key TEXT, value, at TEXT)");
+    if (code != SQLITE_OK) return code;
+    return Statement(m_connection, ("INSERT INTO damaged(key, value, at) SELECT key, value, "
+                                    "strftime('%Y-%m-%dT%H:%M:%SZ', 'now')" +
+                                    rows)
+                                       .c_str())
+        .bindText(1, key)
+        .run();
 }
 
 Result<> SqliteKeyValueStore::read(const Work& work) {

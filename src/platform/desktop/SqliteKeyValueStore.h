@@ -23,8 +23,8 @@ namespace korvan {
 //
 //     defaults(key TEXT PRIMARY KEY, value)   a BLOB is a data value; a value of any other type
 //                                             counts as nothing stored
-//     damaged(key TEXT, value, at TEXT)       what `preserve` put aside, and when (ISO 8601, UTC);
-//                                             the program never reads it
+//     damaged(key TEXT, value, at TEXT)       what was put aside, and when (ISO 8601, UTC); the
+//                                             program never reads it
 //
 // Each change is one durable transaction. File and folder are made for their owner alone when the
 // first value is written; before that, nothing is there.
@@ -55,6 +55,10 @@ private:
     [[nodiscard]] Result<> read(const Work& work);
     [[nodiscard]] Result<> write(const Work& work); // `work` in one transaction
     [[nodiscard]] Result<> attempt(std::string_view what, const Work& work);
+
+    // Copies the value under `key` into the table `damaged` if the SQL condition holds for it. For
+    // use within a transaction; answers SQLite's result code.
+    [[nodiscard]] int putAside(std::string_view key, const std::string& condition);
 
     [[nodiscard]] bool isAbsent() const;
     [[nodiscard]] Result<> createIfAbsent();
