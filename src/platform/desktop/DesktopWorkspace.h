@@ -5,7 +5,7 @@
 
 #include <QObject>
 #include <filesystem>
-#include <optional>
+#include <functional>
 #include <string>
 
 namespace korvan {
@@ -17,15 +17,15 @@ helperProgramPath(const std::filesystem::path& applicationFolder);
 
 // Opens scripts in new windows of whichever terminal the desktop has.
 //
-// The application "Terminal" stands for all of them; there is no other. They are tried in order. A
-// terminal that ends with an error status in its first moments has not taken the script, and the
-// next one is started from the event loop; a later or a good end means nothing, since many hand
-// over to a process that runs already. Terminals outlive the program, and are waited for as long as
-// this object lives, so that none is left behind as a zombie.
+// The application "Terminal" stands for all of them; there is no other. They are tried in order,
+// until the helper has started in one: see TerminalAttempt. Terminals outlive the program, and are
+// waited for as long as this object lives, so that none is left behind as a zombie.
 class DesktopWorkspace final : public Workspace {
 public:
-    // `helperProgram` is run with the script's path; see korvan-run-script.
-    explicit DesktopWorkspace(std::filesystem::path helperProgram);
+    // `helperProgram` is korvan-run-script. `activationToken` gives a new token of the desktop's,
+    // with which a window that the user asked for just now comes to the front, or nothing.
+    explicit DesktopWorkspace(std::filesystem::path helperProgram,
+                              std::function<std::string()> activationToken = {});
 
     // Answers no when something is missing that the terminal itself would not report (the script,
     // its interpreter, the helper, a display), or when no terminal can be started.
@@ -33,11 +33,9 @@ public:
                                 std::function<void()> refusedLater) override;
 
 private:
-    [[nodiscard]] std::optional<std::string> plainPath(const std::filesystem::path& path);
-
     std::filesystem::path m_helperProgram;
-    std::filesystem::path m_linkFolder; // empty until it is needed
-    QObject m_attempts;                 // the parent of those that are under way
+    std::function<std::string()> m_activationToken;
+    QObject m_attempts; // the parent of those that are under way
 };
 
 } // namespace korvan

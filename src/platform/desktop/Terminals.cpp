@@ -29,7 +29,6 @@ constexpr Terminal kSystemsChoice{"x-terminal-emulator", {"-e"}};
 
 // Each with the form that keeps the words of the command apart. The order is that in which they are
 // tried where none is the desktop's own; xterm comes last since it suits any desktop least.
-constexpr std::string_view kFoot = "foot";
 constexpr std::array kTerminals{
     Terminal{"gnome-terminal",
              {"--"},
@@ -45,7 +44,7 @@ constexpr std::array kTerminals{
     Terminal{"sakura", {"-e"}},
     Terminal{"kitty", {}},
     Terminal{"alacritty", {"-e"}},
-    Terminal{kFoot, {}},
+    Terminal{"foot", {}},
     Terminal{"wezterm", {"start", "--"}},
     Terminal{"xterm", {"-e"}},
 };
@@ -94,17 +93,15 @@ const Terminal* targetOf(const fs::path& systemsChoice) {
 // Collects the command lines, each program once.
 class Commands final {
 public:
-    Commands(const TerminalEnvironment& environment, const std::vector<std::string>& words)
-        : m_environment(environment), m_words(words) {}
+    explicit Commands(const TerminalEnvironment& environment) : m_environment(environment) {}
 
     void add(const Terminal& terminal) {
-        if (terminal.program == kFoot && m_environment.waylandDisplay.empty()) return;
+        if (terminal.program == "foot" && m_environment.waylandDisplay.empty()) return;
         const auto program = findProgram(m_environment.path, terminal.program);
         if (!program) return;
         std::vector<std::string> command{program->string()};
         for (const std::string_view option : terminal.options)
             if (!option.empty()) command.emplace_back(option);
-        command.insert(command.end(), m_words.begin(), m_words.end());
         if (std::ranges::find(commands, command) == commands.end())
             commands.push_back(std::move(command));
     }
@@ -113,7 +110,6 @@ public:
 
 private:
     const TerminalEnvironment& m_environment;
-    const std::vector<std::string>& m_words;
 };
 
 } // namespace
@@ -123,10 +119,9 @@ TerminalEnvironment TerminalEnvironment::current() {
             valueOf("WAYLAND_DISPLAY")};
 }
 
-std::vector<std::vector<std::string>> terminalCommands(const TerminalEnvironment& environment,
-                                                       const std::vector<std::string>& words) {
+std::vector<std::vector<std::string>> terminalCommands(const TerminalEnvironment& environment) {
     if (environment.display.empty() && environment.waylandDisplay.empty()) return {};
-    Commands found(environment, words);
+    Commands found(environment);
     found.add(kUsersChoice);
     if (const auto choice = findProgram(environment.path, kSystemsChoice.program)) {
         const Terminal* target = targetOf(*choice);

@@ -17,13 +17,14 @@ struct TerminalEnvironment {
     [[nodiscard]] static TerminalEnvironment current();
 };
 
-// The command lines that would run `words` in a new terminal window, the preferred one first: the
-// user's own choice, that of the system, that of the desktop, then any. The first word of each is
-// the absolute path of an executable that is there now. Empty when there is no display.
+// The beginnings of command lines that run what is appended to them in a new terminal window, the
+// preferred one first: the user's own choice, that of the system, that of the desktop, then any.
+// The first word of each is the absolute path of an executable that is there now. Empty when there
+// is no display.
 //
-// Terminals differ in how they take a command apart, so `words` must be free of blanks, quotes and
-// whatever else a shell would look at.
+// Terminals differ in how they take a command apart, so what is appended must be free of blanks,
+// quotes and whatever else a shell would look at.
 [[nodiscard]] std::vector<std::vector<std::string>>
-terminalCommands(const TerminalEnvironment& environment, const std::vector<std::string>& words);
+terminalCommands(const TerminalEnvironment& environment);
 
 } // namespace korvan

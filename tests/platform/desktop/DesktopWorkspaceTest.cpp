@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "platform/desktop/DesktopWorkspace.h"
 
+#include "platform/desktop/ScriptTicket.h"
 #include "platform/desktop/Terminals.h"
 #include "support/TemporaryFolder.h"
 
 #include <QApplication>
 #include <QTest>
+#include <chrono>
 #include <gtest/gtest.h>
+#include <map>
 #include <pty.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -15,41 +18,72 @@ namespace korvan {
 namespace {
 
 namespace fs = std::filesystem;
+using namespace std::chrono_literals;
 using QTest::qWaitFor;
 
-// A desktop whose only terminals are small scripts of the test's own.
+// A desktop whose only terminals are small scripts. Those that it is made with tell their names.
+class FakeDesktop final {
+public:
+    explicit FakeDesktop(const std::map<std::string, std::string>& terminals = {}) {
+        fs::create_directory(folder.path() / "bin");
+        fs::create_directory(folder.path() / "actual");
+        fs::create_directory_symlink("actual", run);
+        for (const char* tool : {"env", "readlink", "rm", "rmdir", "sleep"})
+            fs::create_symlink(fs::path("/bin") / tool, folder.path() / "bin" / tool);
+        fs::copy_file(KORVAN_RUN_SCRIPT, helper);
+        for (const auto& [name, lines] : terminals)
+            terminal(name, "echo " + name + note + "\n" + lines);
+    }
+
+    void terminal(const std::string& name, const std::string& lines) const {
+        program("bin/" + name, lines);
+    }
+
+    void program(const std::string& name, const std::string& lines) const {
+        fs::permissions(folder.file(name, "#!/bin/sh\n" + lines + "\n"), fs::perms(0755));
+    }
+
+    bool open() {
+        ::setenv("PATH", (folder.path() / "bin").c_str(), 1);
+        ::setenv("XDG_RUNTIME_DIR", run.c_str(), 1);
+        return workspace->openFile(script, "Terminal", [this] { ++refusals; });
+    }
+
+    [[nodiscard]] std::string traced() const { return textOf(trace); }
+    bool leaves(const std::string& text, std::chrono::milliseconds within = 20s) {
+        return qWaitFor([&] { return traced() == text && fs::is_empty(run); },
+                        static_cast<int>(within.count()));
+    }
+
+    TemporaryFolder folder;
+    fs::path trace = folder.path() / "trace";
+    fs::path run = folder.path() / "run"; // where the program may leave things
+    fs::path helper = folder.path() / "my helper";
+    // Not executable, as nothing is in a /tmp that is mounted noexec.
+    fs::path script =
+        folder.file("my script", "#! /bin/sh -e\necho ran >>'" + trace.string() + "'\nfalse\n");
+    std::string note = " >>'" + trace.string() + "'";
+    std::optional<DesktopWorkspace> workspace{std::in_place, helper,
+                                              [] { return std::string("fresh"); }};
+    int refusals = 0;
+};
+
 class Workspaces : public testing::Test {
 protected:
     Workspaces() {
         static int count = 0;
         static QApplication application(count, nullptr);
-        fs::create_directory(folder.path() / "bin");
-        ::setenv("PATH", (folder.path() / "bin").c_str(), 1);
-        ::setenv("XDG_RUNTIME_DIR", folder.path().c_str(), 1);
         ::setenv("DISPLAY", ":0", 1);
         ::setenv("XDG_CURRENT_DESKTOP", "", 1);
         ::unsetenv("WAYLAND_DISPLAY");
-        program("my helper", "echo \"$# $1\" > '" + trace.string() + "'; exec \"$1\"");
-        program("script", "exit 0");
     }
+    ~Workspaces() override { ::setenv("PATH", searchPath.c_str(), 1); }
 
-    std::string program(const std::string& name, const std::string& lines) {
-        const auto path = folder.file(name, "#!/bin/sh\n" + lines + "\n");
-        fs::permissions(path, fs::perms(0755));
-        return path;
-    }
-
-    bool open() {
-        return workspace->openFile(folder.path() / "script", "Terminal", [this] { ++refusals; });
-    }
-
-    TemporaryFolder folder;
-    fs::path trace = folder.path() / "trace";
-    std::optional<DesktopWorkspace> workspace{folder.path() / "my helper"};
-    int refusals = 0;
+    std::string searchPath = std::getenv("PATH");
 };
 
 TEST_F(Workspaces, HandEachTerminalTwoPlainWordsInItsOwnForm) {
+    FakeDesktop desktop;
     ::setenv("WAYLAND_DISPLAY", "wayland-0", 1);
     for (const std::string form :
          {"xdg-terminal-exec", "x-terminal-emulator -e", "gnome-terminal --", "konsole -e",
@@ -58,26 +92,26 @@ TEST_F(Workspaces, HandEachTerminalTwoPlainWordsInItsOwnForm) {
           "wezterm start --"}) {
         const auto end = std::min(form.find(' '), form.size());
         // Takes its options and then words that a shell may take apart again, as some do.
-        const std::string terminal = program(
-            "bin/" + form.substr(0, end), "for option in " + form.substr(end) +
-                                              "; do [ \"$1\" = $option ] || exit 1; shift; done\n"
-                                              "eval exec $*");
-        ASSERT_TRUE(open()) << form;
-        ASSERT_TRUE(qWaitFor([&] { return textOf(trace).ends_with("\n"); })) << form;
-        EXPECT_EQ(textOf(trace), "1 " + (folder.path() / "script\n").string());
-        fs::remove(trace);
-        fs::remove(terminal);
+        desktop.terminal(form.substr(0, end),
+                         "for option in " + form.substr(end) +
+                             "; do [ \"$1\" = $option ] || exit 1; shift; done\n"
+                             "[ $# -eq 2 ] || exit 1; eval exec $*");
+        ASSERT_TRUE(desktop.open()) << form;
+        ASSERT_TRUE(desktop.leaves("ran\n")) << form;
+        fs::remove(desktop.trace);
+        fs::remove(desktop.folder.path() / "bin" / form.substr(0, end));
     }
-    EXPECT_FALSE(qWaitFor([&] { return refusals > 0; }, 100));
+    EXPECT_FALSE(qWaitFor([&] { return desktop.refusals > 0; }, 100));
 }
 
 TEST_F(Workspaces, PreferTheUsersTerminalThenTheSystemsThenTheDesktops) {
-    for (const char* name : {"xterm", "foot", "konsole", "mate-terminal", "gnome-terminal.wrapper"})
-        program(std::string("bin/") + name, "");
+    FakeDesktop desktop({{"xterm", ""}, {"foot", ""}, {"konsole", ""}, {"mate-terminal", ""}});
+    desktop.terminal("gnome-terminal.wrapper", "");
     TerminalEnvironment environment = TerminalEnvironment::current();
+    environment.path = desktop.folder.path() / "bin";
     const auto order = [&] {
         std::string names;
-        for (const auto& command : terminalCommands(environment, {"words"}))
+        for (const auto& command : terminalCommands(environment))
             names += fs::path(command.front()).filename().string() + " ";
         return names;
     };
@@ -85,53 +119,125 @@ TEST_F(Workspaces, PreferTheUsersTerminalThenTheSystemsThenTheDesktops) {
     environment.currentDesktop = "X-None:MATE";
     environment.waylandDisplay = "wayland-0";
     EXPECT_EQ(order(), "mate-terminal konsole foot xterm ");
-    const fs::path choice = folder.path() / "bin" / "x-terminal-emulator";
+    const fs::path choice = desktop.folder.path() / "bin" / "x-terminal-emulator";
     fs::create_symlink("gnome-terminal.wrapper", choice);
     EXPECT_EQ(order(), "x-terminal-emulator mate-terminal konsole foot xterm ");
-    program("bin/gnome-terminal", "");
-    program("bin/xdg-terminal-exec", "");
+    desktop.terminal("gnome-terminal", "");
+    desktop.terminal("xdg-terminal-exec", "");
     EXPECT_EQ(order(), "xdg-terminal-exec gnome-terminal mate-terminal konsole foot xterm ");
     environment.display = environment.waylandDisplay = "";
     EXPECT_EQ(order(), "");
 }
 
-TEST_F(Workspaces, GoOnToTheNextTerminalAfterAnEarlyFailureOnly) {
-    const std::string note = " >> '" + trace.string() + "'";
-    program("bin/gnome-terminal", "echo 1" + note + "; exit 1");
-    program("bin/konsole", "echo 2" + note + "; kill -9 $$");
-    const std::string last = program("bin/xterm", "echo 3" + note + "; /bin/sleep 0.5; exit 1");
-    ASSERT_TRUE(open());
-    ASSERT_TRUE(qWaitFor([&] { return textOf(trace) == "1\n2\n3\n"; })) << textOf(trace);
+TEST_F(Workspaces, TellATerminalThatFailsFromASessionThatDoes) {
+    FakeDesktop desktop({{"gnome-terminal", "exit 1"},
+                         {"konsole", "kill -9 $$"},
+                         {"xterm", "shift; \"$@\"; exit 1"}});
+    ASSERT_TRUE(desktop.open());
+    EXPECT_TRUE(desktop.leaves("gnome-terminal\nkonsole\nxterm\nran\n")) << desktop.traced();
     siginfo_t child{};
-    const auto hasChild = [&] {
+    const auto hasZombie = [&] {
         return ::waitid(P_ALL, 0, &child, WEXITED | WNOHANG | WNOWAIT) == 0;
     };
-    EXPECT_TRUE(hasChild());
-    EXPECT_TRUE(qWaitFor([&] { return !hasChild(); })) << "a zombie stays";
-    EXPECT_EQ(refusals, 0) << "a late failure is not the terminal's";
+    EXPECT_TRUE(qWaitFor([&] { return !hasZombie(); }));
+    EXPECT_EQ(desktop.refusals, 0);
+}
 
-    fs::remove(last);
-    ASSERT_TRUE(open()) << "the answer does not wait";
-    EXPECT_TRUE(qWaitFor([&] { return refusals > 0; }));
-    ASSERT_TRUE(open());
-    workspace.reset();
-    EXPECT_FALSE(qWaitFor([&] { return refusals > 1; }, 400)) << "told twice, or by the dead";
+// Real times, all at once.
+TEST_F(Workspaces, WaitForASlowTerminalAndForNoOtherAndOpenOneWindow) {
+    const std::string works = "shift; exec \"$@\"";
+    FakeDesktop late({{"gnome-terminal", "sleep 1.5; exit 1"}, {"xterm", works}});
+    FakeDesktop none({{"konsole", "sleep 0.5; exit 1"}, {"xterm", "sleep 0.5; exit 1"}});
+    FakeDesktop slow({{"gnome-terminal", "sleep 8; " + works}, {"xterm", works}});
+    FakeDesktop lost({{"konsole", ""}, {"xterm", works}});
+    // Leaves its window to another process, which comes when it is too late.
+    FakeDesktop over({{"konsole", "exit 0"}, {"xterm", works}});
+    over.terminal("konsole", "echo konsole" + over.note + "; shift; { sleep 7; \"$@\"; echo late" +
+                                 over.note + "; } &");
+    for (FakeDesktop* desktop : {&late, &none, &slow, &lost, &over})
+        ASSERT_TRUE(desktop->open()) << "the answer does not wait";
+    EXPECT_TRUE(late.leaves("gnome-terminal\nxterm\nran\n")) << late.traced();
+    EXPECT_TRUE(none.leaves("konsole\nxterm\n")) << none.traced();
+    EXPECT_TRUE(qWaitFor([&] { return none.refusals == 1; }));
+    EXPECT_TRUE(lost.leaves("konsole\nxterm\nran\n")) << lost.traced();
+    EXPECT_TRUE(over.leaves("konsole\nxterm\nran\nlate\n")) << over.traced();
+    EXPECT_TRUE(slow.leaves("gnome-terminal\nran\n")) << slow.traced();
+    EXPECT_EQ(late.refusals + slow.refusals + lost.refusals + over.refusals, 0);
+    EXPECT_EQ(none.refusals, 1);
+}
+
+// As the server of a terminal that runs already.
+TEST_F(Workspaces, OpenInAProcessThatInheritsNothingEvenAfterTheProgramHasEnded) {
+    FakeDesktop desktop;
+    desktop.terminal("gnome-terminal", "shift; { sleep 0.5; exec env -i \"$@\" <&- >&- 2>&-; } &");
+    ASSERT_TRUE(desktop.open());
+    desktop.workspace.reset();
+    EXPECT_TRUE(desktop.leaves("ran\n")) << desktop.traced();
+}
+
+TEST_F(Workspaces, GiveATerminalNothingThatWasMeantForTheProgram) {
+    for (const char* name : {"XDG_ACTIVATION_TOKEN", "DESKTOP_STARTUP_ID", "DBUS_STARTER_ADDRESS",
+                             "GIO_LAUNCHED_DESKTOP_FILE_PID", "GIO_KEPT"})
+        ::setenv(name, "ours", 1);
+    FakeDesktop desktop;
+    desktop.terminal("xterm", "read -r pid name state parent group session rest </proc/$$/stat\n"
+                              "[ $session = $$ ] || exit 1\n"
+                              "echo $(readlink /proc/$$/fd/0 /proc/$$/fd/1 /proc/$$/fd/2) "
+                              "$XDG_ACTIVATION_TOKEN $DESKTOP_STARTUP_ID $DBUS_STARTER_ADDRESS "
+                              "$GIO_LAUNCHED_DESKTOP_FILE_PID $GIO_KEPT" +
+                                  desktop.note + "; shift; exec \"$@\"");
+    ASSERT_TRUE(desktop.open());
+    EXPECT_TRUE(desktop.leaves("/dev/null /dev/null /dev/null fresh fresh ours\nran\n"))
+        << desktop.traced();
 }
 
 TEST_F(Workspaces, AnswerNoWhereATerminalWouldFailSilently) {
-    EXPECT_FALSE(open()) << "no terminal";
-    program("bin/xterm", "");
-    EXPECT_TRUE(open());
-    EXPECT_FALSE(workspace->openFile(folder.path() / "script", "Editor", [] {}));
-    EXPECT_FALSE(workspace->openFile(folder.path() / "none", "Terminal", [] {}));
+    FakeDesktop desktop;
+    EXPECT_FALSE(desktop.open()) << "no terminal";
+    desktop.terminal("xterm", "");
+    EXPECT_TRUE(desktop.open());
+    EXPECT_FALSE(desktop.workspace->openFile(desktop.script, "Editor", [] {}));
+    EXPECT_FALSE(desktop.workspace->openFile("/no/script", "Terminal", [] {}));
     ::unsetenv("DISPLAY");
-    EXPECT_FALSE(open()) << "no display";
+    EXPECT_FALSE(desktop.open()) << "no display";
     ::setenv("DISPLAY", ":0", 1);
-    fs::permissions(folder.file("script", "#!/no/such/shell\n"), fs::perms(0755));
-    EXPECT_FALSE(open()) << "no interpreter";
-    program("script", "");
-    fs::remove(folder.path() / "my helper");
-    EXPECT_FALSE(open()) << "no helper";
+    std::ofstream(desktop.script) << "#!/no/such/shell\n";
+    EXPECT_FALSE(desktop.open()) << "no interpreter";
+    std::ofstream(desktop.script) << "#!/bin/sh\n";
+    fs::remove(desktop.helper);
+    EXPECT_FALSE(desktop.open()) << "no helper";
+}
+
+// In /tmp, whose names everybody may use once they are free.
+TEST_F(Workspaces, AreNotFooledByAFolderInThePlaceOfTheirOwn) {
+    FakeDesktop desktop;
+    ::setenv("XDG_RUNTIME_DIR", desktop.run.c_str(), 1);
+    const auto ticket = ScriptTicket::make(desktop.helper, desktop.script);
+    const std::string word = ticket->words()[1];
+    const fs::path folder = fs::path(word).parent_path();
+    EXPECT_EQ(modeOf(folder), 0700U);
+    const auto runHelper = [&] { return std::system((KORVAN_RUN_SCRIPT " " + word).c_str()); };
+    ::setenv("PATH", (desktop.folder.path() / "bin").c_str(), 1);
+    fs::rename(desktop.folder.path() / "bin" / "rm", desktop.folder.path() / "rm");
+    EXPECT_EQ(runHelper(), 0);
+    EXPECT_EQ(desktop.traced(), "") << "when the program was faster";
+    fs::rename(desktop.folder.path() / "rm", desktop.folder.path() / "bin" / "rm");
+    const fs::path moved = desktop.folder.path() / "moved";
+    fs::rename(folder, moved);
+    fs::create_symlink(moved, folder);
+    EXPECT_EQ(runHelper(), 0);
+    EXPECT_EQ(desktop.traced(), "") << "by way of a link";
+    fs::remove(folder);
+    fs::create_directory(folder);
+    fs::create_symlink(desktop.script, word);
+    if (::geteuid() == 0) {
+        EXPECT_EQ(::chown(folder.c_str(), 1, 1), 0);
+        EXPECT_EQ(runHelper(), 0);
+        EXPECT_EQ(desktop.traced(), "") << "in another user's folder";
+    }
+    fs::remove(moved / "script"); // as the helper does
+    EXPECT_FALSE(ticket->withdraw());
+    EXPECT_TRUE(fs::is_symlink(word));
 }
 
 struct Turn {
@@ -142,11 +248,12 @@ struct Turn {
 // All that the helper shows in a terminal of its own, running a script of these lines.
 std::string shownWith(const std::string& lines, const std::vector<Turn>& turns) {
     const TemporaryFolder folder;
-    const auto script = folder.file("a script", "#!/bin/sh\n" + lines);
-    fs::permissions(script, fs::perms(0755));
+    const auto ticket =
+        ScriptTicket::make(KORVAN_RUN_SCRIPT, folder.file("a script", "#!/bin/sh\n" + lines));
+    const std::string word = ticket->words()[1];
     int terminal = -1;
     const pid_t child = ::forkpty(&terminal, nullptr, nullptr, nullptr);
-    if (child == 0) ::execl(KORVAN_RUN_SCRIPT, KORVAN_RUN_SCRIPT, script.c_str(), nullptr);
+    if (child == 0) ::execl(KORVAN_RUN_SCRIPT, KORVAN_RUN_SCRIPT, word.c_str(), nullptr);
 
     std::string shown;
     char byte = 0;
