@@ -28,8 +28,13 @@ constexpr Terminal kUsersChoice{"xdg-terminal-exec", {}};
 constexpr Terminal kSystemsChoice{"x-terminal-emulator", {"-e"}};
 
 // Each with the form that keeps the words of the command apart. The order is that in which they are
-// tried where none is the desktop's own; xterm comes last since it suits any desktop least.
+// tried where none is the desktop's own, and of several that are. xterm comes late since it suits
+// any desktop least, and rio last since Debian has another program of that name, which only prints
+// its options.
+constexpr std::string_view kGnome = ":GNOME:GNOME-Classic:GNOME-Flashback:";
 constexpr std::array kTerminals{
+    Terminal{"ptyxis", {"--"}, kGnome},
+    Terminal{"kgx", {"--"}, kGnome},
     Terminal{"gnome-terminal",
              {"--"},
              ":GNOME:GNOME-Classic:GNOME-Flashback:Unity:X-Cinnamon:"
@@ -39,14 +44,17 @@ constexpr std::array kTerminals{
     Terminal{"mate-terminal", {"-x"}, ":MATE:"},
     Terminal{"lxterminal", {"-e"}, ":LXDE:"},
     Terminal{"qterminal", {"-e"}, ":LXQt:"},
+    Terminal{"cosmic-term", {"--"}, ":COSMIC:"},
     Terminal{"tilix", {"-e"}},
     Terminal{"terminator", {"-x"}},
     Terminal{"sakura", {"-e"}},
     Terminal{"kitty", {}},
     Terminal{"alacritty", {"-e"}},
+    Terminal{"ghostty", {"-e"}},
     Terminal{"foot", {}},
     Terminal{"wezterm", {"start", "--"}},
     Terminal{"xterm", {"-e"}},
+    Terminal{"rio", {"-e"}},
 };
 
 std::string valueOf(const char* variable) {
