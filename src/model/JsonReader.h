@@ -40,9 +40,10 @@ public:
     // possible, with `value` half read. May be called again, for another type too. Elements are
     // counted before they are read, for a tenth of the time, unless their vector has room already.
     //
-    // A byte order mark is ignored. So are unknown keys, whatever JSON is under them, numbers of any
-    // size included; 500 levels of nesting are the most there. Of a repeated key each value must
-    // have the right type, and the last one counts. A number is an integer when its value is: 22.0.
+    // A byte order mark is ignored. So are unknown keys, whatever JSON is under them, numbers of
+    // any size included; 500 levels of nesting are the most there. Of a repeated key each value
+    // must have the right type, and the last one counts. A number is an integer when its value
+    // is: 22.0.
     template <class Value>
     [[nodiscard]] bool read(Value& value);
 
