@@ -10,7 +10,7 @@ namespace korvan {
 struct SavePanel {
     std::string title;
     std::string proposedName;
-    std::string fileType; // the ending that the name gets when it has none, without the dot
+    std::string fileType; // the ending of the name, without the dot; one without it gets it
 };
 
 struct OpenPanel {
@@ -26,8 +26,8 @@ public:
     FilePanels& operator=(const FilePanels&) = delete;
     virtual ~FilePanels() = default;
 
-    // The absolute path that the user chose to write to, nothing when he cancelled. He has agreed
-    // to replacing a file that is there.
+    // The absolute path that the user chose to write to, nothing when they cancelled. They have
+    // agreed to replacing a file that is there.
     [[nodiscard]] virtual std::optional<std::string> runSavePanel(const SavePanel& panel) = 0;
 
     // The absolute path of one existing file, nothing when the user cancelled.

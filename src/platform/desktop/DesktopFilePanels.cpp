@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "platform/desktop/DesktopFilePanels.h"
 
+#include "platform/desktop/PortalAnswers.h"
 #include "platform/desktop/QtText.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFileSystemModel>
@@ -61,12 +63,19 @@ void completeOwnPanel(QFileDialog& dialog) {
     columns->setSectionResizeMode(0, QHeaderView::Stretch);
 }
 
-// The chosen path, empty when the user cancelled.
-QString run(QFileDialog& dialog) {
-    completeOwnPanel(dialog);
-    if (dialog.exec() != QDialog::Accepted) return {};
-    const QStringList files = dialog.selectedFiles();
-    return files.isEmpty() ? QString() : files.first();
+// A folder that is there: the user's last, or the one that stands for none. A relative or wrong
+// one would take the dialog to wherever the program was started.
+QString startFolder(const QString& last, const QString& atFirst) {
+    for (const QString& folder : {last, atFirst}) {
+        if (!folder.isEmpty() && QFileInfo(folder).isDir()) return folder;
+    }
+    return QDir::homePath();
+}
+
+// A dot alone is no type: it may be that of a version, as in "Korvan 1.10".
+QString withType(const QString& path, const QString& type) {
+    const QString ending = QLatin1Char('.') + type;
+    return path.endsWith(ending, Qt::CaseInsensitive) ? path : path + ending;
 }
 
 bool mayReplace(const QString& path, const QString& title, QWidget* window) {
@@ -85,40 +94,56 @@ bool mayReplace(const QString& path, const QString& title, QWidget* window) {
 
 } // namespace
 
+DesktopFilePanels::DesktopFilePanels(QDBusConnection bus) : m_bus(std::move(bus)) {}
+
+QString DesktopFilePanels::run(QFileDialog& dialog, QString& folder) {
+    completeOwnPanel(dialog);
+    if (dialog.exec() != QDialog::Accepted) return {};
+    const QStringList files = dialog.selectedFiles();
+    if (files.isEmpty()) return {};
+    folder = QFileInfo(files.first()).path();
+    return files.first();
+}
+
 std::optional<std::string> DesktopFilePanels::runSavePanel(const SavePanel& panel) {
     // Asked once: between the dialogs no window is active.
     QWidget* const window = QApplication::activeWindow();
     const QString title = toQString(panel.title);
-    const QString fileType = toQString(panel.fileType);
-    QString proposed = toQString(panel.proposedName);
+    QString name = toQString(panel.proposedName);
     while (true) {
+        PortalAnswers portal(m_bus);
         QFileDialog dialog(window, title);
         dialog.setAcceptMode(QFileDialog::AcceptSave);
         dialog.setFileMode(QFileDialog::AnyFile);
         dialog.setOption(QFileDialog::DontConfirmOverwrite);
         dialog.setSupportedSchemes({QStringLiteral("file")});
         dialog.setNameFilter(nameFilter({panel.fileType}));
-        dialog.setDefaultSuffix(fileType);
-        dialog.selectFile(proposed);
-        QString path = run(dialog);
+        dialog.setDirectory(startFolder(m_typedFolder, {}));
+        dialog.selectFile(name);
+        QString path = run(dialog, m_typedFolder);
         if (path.isEmpty()) return std::nullopt;
-        if (QFileInfo(path).suffix().isEmpty()) path += QLatin1Char('.') + fileType;
-        if (!QFileInfo::exists(path) || mayReplace(path, title, window)) return fromQString(path);
-        proposed = path; // he may want another name beside it
+        path = withType(path, toQString(panel.fileType));
+        if (!QFileInfo::exists(path) || portal.contain(path) || mayReplace(path, title, window))
+            return fromQString(path);
+        name = QFileInfo(path).fileName(); // they may want another name beside it
     }
 }
 
 std::optional<std::string> DesktopFilePanels::runOpenPanel(const OpenPanel& panel) {
+    const bool isTyped = !panel.fileTypes.empty();
+    QString& folder = isTyped ? m_typedFolder : m_anyFolder;
     QFileDialog dialog(QApplication::activeWindow(), toQString(panel.title));
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::ExistingFile);
     dialog.setSupportedSchemes({QStringLiteral("file")});
-    if (panel.fileTypes.empty()) {
-        dialog.setFilter(dialog.filter() | QDir::Hidden); // keys lie in ~/.ssh
-    } else {
+    if (isTyped) {
         dialog.setNameFilter(nameFilter(panel.fileTypes));
+        dialog.setDirectory(startFolder(folder, {}));
+    } else {
+        dialog.setFilter(dialog.filter() | QDir::Hidden);
+        dialog.setDirectory(startFolder(folder, QDir::home().filePath(QStringLiteral(".ssh"))));
     }
-    const QString path = run(dialog);
+    const QString path = run(dialog, folder);
     if (path.isEmpty()) return std::nullopt;
     return fromQString(path);
 }

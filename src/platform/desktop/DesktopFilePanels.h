@@ -3,16 +3,38 @@
 
 #include "platform/FilePanels.h"
 
+#include <QDBusConnection>
+#include <QString>
+
+class QFileDialog;
+
 namespace korvan {
 
 // The file dialogs of the desktop, or Qt's own where it has none, modal over the active window.
 //
-// Not every desktop's dialog asks before it replaces a file whose ending was added for the user. So
-// none is asked to: the question is ours, about the name that is really going to be written.
+// The user is asked once before a file is replaced, about the name that is really written. Not
+// every dialog asks when a name got its ending afterwards, so they are told not to, and the
+// question is ours. A portal asks all the same: what it has asked is not asked again.
+//
+// A dialog opens in the folder that was used last since the program was started; at first in the
+// home folder. Keys and backups are kept apart, each with a folder of their own: keys are looked
+// for in ~/.ssh at first, and no backup should land there unnoticed.
 class DesktopFilePanels final : public FilePanels {
 public:
+    // The portal is heard on `bus`.
+    explicit DesktopFilePanels(QDBusConnection bus = QDBusConnection::sessionBus());
+
     [[nodiscard]] std::optional<std::string> runSavePanel(const SavePanel& panel) override;
     [[nodiscard]] std::optional<std::string> runOpenPanel(const OpenPanel& panel) override;
+
+private:
+    // The chosen path, empty when the user cancelled. `folder` is where the dialog opens and, after
+    // a choice, where that lies.
+    [[nodiscard]] static QString run(QFileDialog& dialog, QString& folder);
+
+    QDBusConnection m_bus;
+    QString m_typedFolder; // of files of a certain type; empty before the first choice
+    QString m_anyFolder;   // of panels for any file, which are for keys
 };
 
 } // namespace korvan

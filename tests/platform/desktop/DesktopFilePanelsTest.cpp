@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: MIT
+#include "platform/desktop/DesktopFilePanels.h"
+
+#include "support/TemporaryFolder.h"
+#include "support/Widgets.h"
+
+#include <QApplication>
+#include <QDBusMessage>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QProcess>
+#include <QTimer>
+#include <QUrl>
+#include <gtest/gtest.h>
+
+namespace korvan {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const SavePanel kExport{"Korvan Export", "Korvan_Backup.json", "json"};
+const OpenPanel kImport{"Korvan Import", {"json"}};
+const OpenPanel kKey{"SSH Key auswählen", {}};
+
+// A user with a home of their own, who does one thing in each dialog that comes up.
+class User final {
+public:
+    using Doing = std::function<void(QDialog&)>;
+
+    explicit User(std::initializer_list<Doing> doings) : m_doings(doings) {
+        m_timer.callOnTimeout([this] {
+            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            if (!dialog || dialog == m_last) return;
+            m_last = dialog;
+            if (m_done == m_doings.size()) return dialog->reject(); // one too many
+            m_doings[m_done++](*dialog);
+            m_last = nullptr;
+        });
+        m_timer.start(10);
+    }
+
+    [[nodiscard]] bool hasSeenAll() const { return m_done == m_doings.size(); }
+
+    // In a file panel: types the name and agrees.
+    static Doing chooses(const std::string& name) {
+        return [name](QDialog& dialog) {
+            auto& panel = dynamic_cast<QFileDialog&>(dialog);
+            panel.findChild<QLineEdit*>()->setText(toQString(name));
+            QMetaObject::invokeMethod(&panel, "accept");
+        };
+    }
+    // In the question before a file is replaced.
+    static Doing says(const std::string& answer) {
+        return [answer](QDialog& dialog) {
+            EXPECT_TRUE(qobject_cast<QMessageBox*>(&dialog));
+            if (auto* button = buttonOf(dialog, answer)) click(button);
+        };
+    }
+    // Notes where the panel stands.
+    static Doing looks(QString& folder) {
+        return [&folder](QDialog& dialog) {
+            folder = dynamic_cast<QFileDialog&>(dialog).directory().path();
+            dialog.reject();
+        };
+    }
+
+private:
+    std::vector<Doing> m_doings;
+    std::size_t m_done = 0;
+    QDialog* m_last = nullptr;
+    QTimer m_timer;
+};
+
+// A bus with a portal on it, which shows file panels of its own.
+class PortalBus final {
+public:
+    PortalBus() {
+        m_daemon.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});
+        m_daemon.waitForReadyRead();
+        m_address = QString::fromUtf8(m_daemon.readLine()).trimmed();
+    }
+    ~PortalBus() { m_daemon.terminate(), m_daemon.waitForFinished(); }
+
+    [[nodiscard]] QDBusConnection korvan() const {
+        return QDBusConnection::connectToBus(m_address, u"korvan"_s);
+    }
+
+    // The portal's user agrees on the file, and Korvan has heard of it when this returns.
+    void answer(const std::filesystem::path& file) const {
+        auto portal = QDBusConnection::connectToBus(m_address, u"portal"_s);
+        auto response = QDBusMessage::createTargetedSignal(
+            korvan().baseService(), u"/org/freedesktop/portal/desktop/request/1_2/t"_s,
+            u"org.freedesktop.portal.Request"_s, u"Response"_s);
+        const auto uri = QUrl::fromLocalFile(toQString(file.native())).toString(QUrl::FullyEncoded);
+        portal.send(response << 0U << QVariantMap{{u"uris"_s, QStringList{uri}}});
+        for (auto bus : {portal, korvan()}) // in this order, the answers to both come after it
+            bus.call(QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/"_s,
+                                                    u"org.freedesktop.DBus"_s, u"GetId"_s));
+    }
+
+private:
+    QProcess m_daemon;
+    QString m_address;
+};
+
+class DesktopFilePanelsTest : public testing::Test {
+protected:
+    void SetUp() override {
+        qputenv("HOME", home.path().c_str());
+        std::filesystem::current_path("/");
+    }
+    void TearDown() override { qunsetenv("HOME"); }
+
+    [[nodiscard]] std::string inHome(const std::string& name) const { return home.path() / name; }
+
+    TemporaryFolder home;
+    DesktopFilePanels panels;
+};
+
+} // namespace
+
+TEST_F(DesktopFilePanelsTest, GiveANameItsTypeUnlessItEndsInIt) {
+    const std::pair<std::string, std::string> names[] = {
+        {"Korvan", "Korvan.json"},
+        {"Korvan 1.10", "Korvan 1.10.json"},
+        {"Korvan.json.alt", "Korvan.json.alt.json"},
+        {"Korvanjson", "Korvanjson.json"},
+        {"Köln.json", "Köln.json"},
+        {"KORVAN.JSON", "KORVAN.JSON"}};
+    for (const auto& [typed, written] : names) {
+        const User user{User::chooses(typed)};
+        EXPECT_EQ(panels.runSavePanel(kExport), inHome(written));
+    }
+}
+
+TEST_F(DesktopFilePanelsTest, AskOnceAboutTheNameThatIsWritten) {
+    const auto old = home.file("Korvan 1.10.json", "old");
+    const User user{User::chooses("Korvan 1.10"), User::says("Abbrechen"),
+                    User::chooses("Korvan 1.10.json"), User::says("Ersetzen")};
+    EXPECT_EQ(panels.runSavePanel(kExport), old);
+    EXPECT_TRUE(user.hasSeenAll());
+}
+
+TEST_F(DesktopFilePanelsTest, AskNothingThatAPortalHasAsked) {
+    const auto old = home.file("Korvan 1.10.json", "old");
+    const PortalBus bus;
+    DesktopFilePanels portalPanels(bus.korvan());
+    const auto choosesInPortal = [&](const std::string& name) {
+        return [&bus, name, file = home.path() / name](QDialog& dialog) {
+            bus.answer(file);
+            User::chooses(name)(dialog);
+        };
+    };
+    const auto save = [&](const User& user) {
+        EXPECT_EQ(portalPanels.runSavePanel(kExport), old);
+        EXPECT_TRUE(user.hasSeenAll());
+    };
+    save(User{choosesInPortal("Korvan 1.10.json")});
+    // The portal's question was about another name.
+    save(User{choosesInPortal("Korvan 1.10"), User::says("Ersetzen")});
+    // What was agreed to once does not hold for the next time.
+    save(User{User::chooses("Korvan 1.10.json"), User::says("Ersetzen")});
+}
+
+TEST_F(DesktopFilePanelsTest, OpenInTheHomeFolderAndThenWhereAFileWasChosen) {
+    std::filesystem::create_directories(inHome("Sicherung"));
+    const auto file = home.file("Sicherung/alt.json", "");
+    QString first;
+    QString second;
+    QString third;
+    {
+        const User user{User::looks(first), User::chooses(file), User::looks(second)};
+        (void)panels.runSavePanel(kExport);
+        (void)panels.runOpenPanel(kImport);
+        (void)panels.runSavePanel(kExport);
+    }
+    std::filesystem::remove_all(inHome("Sicherung"));
+    const User user{User::looks(third)};
+    (void)panels.runOpenPanel(kImport);
+    EXPECT_EQ(first, toQString(home.path().native()));
+    EXPECT_EQ(second, toQString(inHome("Sicherung")));
+    EXPECT_EQ(third, toQString(home.path().native())); // it is no longer there
+}
+
+TEST_F(DesktopFilePanelsTest, LookForKeysWhereKeysLie) {
+    QString without;
+    QString with;
+    QString backups;
+    const User user{User::looks(without), User::looks(with), User::chooses("id_köln"),
+                    User::looks(backups)};
+    (void)panels.runOpenPanel(kKey);
+    std::filesystem::create_directories(inHome(".ssh"));
+    const auto key = home.file(".ssh/id_köln", "");
+    (void)panels.runOpenPanel(kKey);
+    EXPECT_EQ(panels.runOpenPanel(kKey), key);
+    (void)panels.runSavePanel(kExport);
+    EXPECT_EQ(without, toQString(home.path().native()));
+    EXPECT_EQ(with, toQString(inHome(".ssh")));
+    EXPECT_EQ(backups, without); // no backup lands among the keys unnoticed
+}
+
+} // namespace korvan
