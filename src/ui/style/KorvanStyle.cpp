@@ -178,15 +178,16 @@ QPalette KorvanStyle::standardPalette() const {
     return m_scheme == Scheme::dark ? darkPalette() : lightPalette();
 }
 
-// Where a desktop brings no palette, the toolkit offers Fusion's as if it were the desktop's.
+// Where a desktop brings no palette, the toolkit offers Fusion's as if it were the desktop's. And
+// some desktops wish for dark programs, but give out the light palette of their older ones.
 void KorvanStyle::polish(QPalette& palette) {
     const auto fusion = QProxyStyle::standardPalette();
     const auto isFusion = [&](QPalette::ColorRole role) {
         return palette.color(QPalette::Active, role) == fusion.color(QPalette::Active, role);
     };
-    if (isFusion(QPalette::Window) && isFusion(QPalette::Base) && isFusion(QPalette::Highlight)) {
-        palette = standardPalette();
-    }
+    const bool isNone =
+        isFusion(QPalette::Window) && isFusion(QPalette::Base) && isFusion(QPalette::Highlight);
+    if (isNone || (m_scheme == Scheme::dark && !isDark(palette))) palette = standardPalette();
 }
 
 void KorvanStyle::polish(QWidget* widget) {

@@ -24,8 +24,8 @@ public:
 
     enum class Scheme { light, dark };
 
-    // Which of our palettes the application's widgets have, from now on. A desktop that brings a
-    // palette of its own is not asked twice: that one stays.
+    // Which of our palettes the application's widgets have, from now on. A palette that the desktop
+    // brings stays instead, but for a light one where dark is wished for.
     void setScheme(Scheme scheme);
 
     // The palette where the desktop brings none of its own.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/style/Controls.h"
+#include "ui/style/KorvanStyle.h"
 #include "ui/style/Symbols.h"
 
 #include <QAccessible>
@@ -38,6 +39,23 @@ TEST(Colors, CanBeReadOnEveryDesktop) {
             EXPECT_GE(contrast(color, palette.color(QPalette::Window)), 4.5);
         }
     }
+}
+
+TEST(KorvanStyle, TakesTheDesktopsPaletteUnlessThatIsLightWhereDarkIsWishedFor) {
+    KorvanStyle style;
+    const auto taken = [&style](QPalette palette) {
+        style.polish(palette);
+        return palette.color(QPalette::Window);
+    };
+    const auto light = paletteOf(0xefefe0, Qt::black, Qt::white);
+    const auto dark = paletteOf(0x203540, Qt::white, 0x2a2a2a);
+    EXPECT_EQ(taken(light), QColor(0xefefe0));
+    style.setScheme(KorvanStyle::Scheme::dark);
+    EXPECT_EQ(taken(dark), QColor(0x203540));
+    EXPECT_EQ(taken(light), style.standardPalette().color(QPalette::Window));
+    EXPECT_TRUE(isDark(style.standardPalette()));
+    style.setScheme(KorvanStyle::Scheme::light);
+    EXPECT_EQ(taken(dark), QColor(0x203540));
 }
 
 TEST(Symbols, AreSharpAndFollowThePaletteOfTheMoment) {
