@@ -25,8 +25,9 @@ struct TavrelApp::Scene {
     ContentWindow window;
 };
 
-TavrelApp::TavrelApp(std::filesystem::path database, const std::filesystem::path& helperProgram)
-    : m_database(std::move(database)), m_workspace(helperProgram),
+TavrelApp::TavrelApp(std::filesystem::path database, const std::filesystem::path& helperProgram,
+                     DesktopFilePanels::Source filePanels)
+    : m_database(std::move(database)), m_workspace(helperProgram), m_filePanels(filePanels),
       m_desktop{m_clipboard, m_workspace, m_filePanels, m_mainQueue} {}
 
 TavrelApp::~TavrelApp() = default;

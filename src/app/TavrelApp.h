@@ -23,7 +23,8 @@ class TavrelApp final : public QObject {
 
 public:
     // `helperProgram` keeps a terminal's window open after a failed command.
-    TavrelApp(std::filesystem::path database, const std::filesystem::path& helperProgram);
+    TavrelApp(std::filesystem::path database, const std::filesystem::path& helperProgram,
+              DesktopFilePanels::Source filePanels);
     ~TavrelApp() override;
 
     // The window may come to the front of those of other programs by `activationToken`, which says

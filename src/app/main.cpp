@@ -5,6 +5,7 @@
 #include "platform/StandardStreams.h"
 #include "platform/desktop/DesktopSettings.h"
 #include "platform/desktop/DesktopWorkspace.h"
+#include "platform/desktop/FilePortal.h"
 #include "platform/desktop/QtText.h"
 #include "platform/desktop/SqliteKeyValueStore.h"
 #include "ui/style/KorvanStyle.h"
@@ -17,6 +18,7 @@
 #include <QTranslator>
 #include <chrono>
 #include <csignal>
+#include <memory>
 
 namespace {
 
@@ -54,7 +56,12 @@ int main(int argc, char** argv) {
     std::signal(SIGCHLD, SIG_DFL);
     // The toolkit takes it out of the environment.
     const QString activationToken = korvan::activationTokenOfThisStart();
+    auto portalTheme = std::make_unique<korvan::FilePortalTheme>();
+    using korvan::DesktopFilePanels;
+    const auto filePanels = portalTheme->isChosen() ? DesktopFilePanels::Source::portal
+                                                    : DesktopFilePanels::Source::theme;
     QApplication application(argc, argv);
+    portalTheme.reset();
     QApplication::setApplicationName(u"korvan"_s);
     QGuiApplication::setDesktopFileName(u"" KORVAN_IDENTIFIER ""_s);
     const auto database = korvan::defaultDatabasePath();
@@ -68,7 +75,7 @@ int main(int argc, char** argv) {
     speakGerman(application, translator);
 
     const std::string folder = korvan::fromQString(QApplication::applicationDirPath());
-    korvan::TavrelApp app(database, korvan::helperProgramPath(folder));
+    korvan::TavrelApp app(database, korvan::helperProgramPath(folder), filePanels);
     QObject::connect(&service, &korvan::ApplicationService::windowRequested, &app,
                      &korvan::TavrelApp::openWindow);
     // Drawn in four sizes, which the first window need not wait for.

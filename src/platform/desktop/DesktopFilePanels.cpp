@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/desktop/DesktopFilePanels.h"
 
+#include "platform/desktop/FilePortal.h"
 #include "platform/desktop/PortalAnswers.h"
 #include "platform/desktop/QtText.h"
 
@@ -94,7 +95,12 @@ bool mayReplace(const QString& path, const QString& title, QWidget* window) {
 
 } // namespace
 
-DesktopFilePanels::DesktopFilePanels(QDBusConnection bus) : m_bus(std::move(bus)) {}
+DesktopFilePanels::DesktopFilePanels(Source source, QDBusConnection bus)
+    : m_source(source), m_bus(std::move(bus)) {}
+
+bool DesktopFilePanels::canUseDesktops() const {
+    return m_source == Source::theme || hasFilePortal(m_bus);
+}
 
 QString DesktopFilePanels::run(QFileDialog& dialog, QString& folder) {
     completeOwnPanel(dialog);
@@ -115,6 +121,7 @@ std::optional<std::string> DesktopFilePanels::runSavePanel(const SavePanel& pane
         QFileDialog dialog(window, title);
         dialog.setAcceptMode(QFileDialog::AcceptSave);
         dialog.setFileMode(QFileDialog::AnyFile);
+        if (!canUseDesktops()) dialog.setOption(QFileDialog::DontUseNativeDialog);
         dialog.setOption(QFileDialog::DontConfirmOverwrite);
         dialog.setSupportedSchemes({QStringLiteral("file")});
         dialog.setNameFilter(nameFilter({panel.fileType}));
@@ -135,6 +142,7 @@ std::optional<std::string> DesktopFilePanels::runOpenPanel(const OpenPanel& pane
     QFileDialog dialog(QApplication::activeWindow(), toQString(panel.title));
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::ExistingFile);
+    if (!canUseDesktops()) dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setSupportedSchemes({QStringLiteral("file")});
     if (isTyped) {
         dialog.setNameFilter(nameFilter(panel.fileTypes));

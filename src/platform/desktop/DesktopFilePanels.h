@@ -21,8 +21,13 @@ namespace korvan {
 // for in ~/.ssh at first, and no backup should land there unnoticed.
 class DesktopFilePanels final : public FilePanels {
 public:
-    // The portal is heard on `bus`.
-    explicit DesktopFilePanels(QDBusConnection bus = QDBusConnection::sessionBus());
+    // Whose dialogs Qt shows: those of the platform theme, or of the portal, by way of the bus.
+    enum class Source { theme, portal };
+
+    // The portal is on `bus`. Where none is there when it is needed, Qt's own dialog takes its
+    // place.
+    explicit DesktopFilePanels(Source source = Source::theme,
+                               QDBusConnection bus = QDBusConnection::sessionBus());
 
     [[nodiscard]] std::optional<std::string> runSavePanel(const SavePanel& panel) override;
     [[nodiscard]] std::optional<std::string> runOpenPanel(const OpenPanel& panel) override;
@@ -31,7 +36,9 @@ private:
     // The chosen path, empty when the user cancelled. `folder` is where the dialog opens and, after
     // a choice, where that lies.
     [[nodiscard]] static QString run(QFileDialog& dialog, QString& folder);
+    [[nodiscard]] bool canUseDesktops() const;
 
+    Source m_source;
     QDBusConnection m_bus;
     QString m_typedFolder; // of files of a certain type; empty before the first choice
     QString m_anyFolder;   // of panels for any file, which are for keys

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/desktop/DesktopFilePanels.h"
 
+#include "platform/desktop/FilePortal.h"
 #include "support/TemporaryFolder.h"
 #include "support/Widgets.h"
 
@@ -13,6 +14,7 @@
 #include <QTimer>
 #include <QUrl>
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace korvan {
 
@@ -146,7 +148,7 @@ TEST_F(DesktopFilePanelsTest, AskOnceAboutTheNameThatIsWritten) {
 TEST_F(DesktopFilePanelsTest, AskNothingThatAPortalHasAsked) {
     const auto old = home.file("Korvan 1.10.json", "old");
     const PortalBus bus;
-    DesktopFilePanels portalPanels(bus.korvan());
+    DesktopFilePanels portalPanels(DesktopFilePanels::Source::theme, bus.korvan());
     const auto choosesInPortal = [&](const std::string& name) {
         return [&bus, name, file = home.path() / name](QDialog& dialog) {
             bus.answer(file);
@@ -162,6 +164,36 @@ TEST_F(DesktopFilePanelsTest, AskNothingThatAPortalHasAsked) {
     save(User{choosesInPortal("Korvan 1.10"), User::says("Ersetzen")});
     // What was agreed to once does not hold for the next time.
     save(User{User::chooses("Korvan 1.10.json"), User::says("Ersetzen")});
+}
+
+TEST_F(DesktopFilePanelsTest, AreQtsOwnWhereAChosenPortalIsMissing) {
+    const PortalBus bus;
+    for (const auto source :
+         {DesktopFilePanels::Source::portal, DesktopFilePanels::Source::theme}) {
+        bool isQts = false;
+        const User user{[&isQts](QDialog& dialog) {
+            isQts = dynamic_cast<QFileDialog&>(dialog).testOption(QFileDialog::DontUseNativeDialog);
+            dialog.reject();
+        }};
+        EXPECT_EQ(DesktopFilePanels(source, bus.korvan()).runSavePanel(kExport), std::nullopt);
+        EXPECT_EQ(isQts, source == DesktopFilePanels::Source::portal);
+    }
+}
+
+TEST(FilePortalTheme, IsForDesktopsWithoutAThemeForQtAndIsNotInherited) {
+    const std::tuple<const char*, const char*, bool> sessions[] = {
+        {"GNOME", nullptr, true},  {"ubuntu:GNOME", nullptr, true},
+        {"KDE", nullptr, false},   {"", nullptr, false},
+        {"GNOME", "qt6ct", false}, {"KDE", "xdgdesktopportal", true}};
+    const auto outer = qgetenv("XDG_CURRENT_DESKTOP");
+    for (const auto& [desktop, theme, isChosen] : sessions) {
+        qputenv("XDG_CURRENT_DESKTOP", desktop);
+        if (theme) qputenv("QT_QPA_PLATFORMTHEME", theme);
+        EXPECT_EQ(FilePortalTheme().isChosen(), isChosen) << desktop;
+        EXPECT_EQ(qgetenv("QT_QPA_PLATFORMTHEME"), QByteArray(theme)) << desktop;
+        qunsetenv("QT_QPA_PLATFORMTHEME");
+    }
+    qputenv("XDG_CURRENT_DESKTOP", outer);
 }
 
 TEST_F(DesktopFilePanelsTest, OpenInTheHomeFolderAndThenWhereAFileWasChosen) {
