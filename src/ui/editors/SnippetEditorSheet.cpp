@@ -76,7 +76,7 @@ SnippetEditorSheet::SnippetEditorSheet(SnippetEditorView view, QWidget* parent)
 QPlainTextEdit* SnippetEditorSheet::makeTemplateEditor(const QString& label) {
     auto* editor = new QPlainTextEdit;
     editor->setAccessibleName(label);
-    editor->setFont(fontFor(TextStyle::body, FontDesign::monospaced));
+    setTextStyle(*editor, TextStyle::body, FontDesign::monospaced);
     editor->setFrameShape(QFrame::NoFrame);
     editor->setFixedHeight(kTemplateHeight);
     editor->setTabChangesFocus(true);

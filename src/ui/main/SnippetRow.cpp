@@ -107,7 +107,7 @@ SnippetRow::SnippetRow(ContentView& view, QWidget* parent)
       m_deleteButton(makeSymbolButton(u"trash"_s, u"Löschen"_s, SemanticColor::red)) {
     m_title->setBold();
     m_command->setDesign(FontDesign::monospaced);
-    m_copyButton->setFont(fontFor(TextStyle::subheadline));
+    setTextStyle(*m_copyButton, TextStyle::subheadline);
     m_editButton->setParent(this);
     m_deleteButton->setParent(this);
     connect(m_copyButton, &QPushButton::clicked, this, &SnippetRow::copy);

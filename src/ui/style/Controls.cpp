@@ -41,6 +41,25 @@ void setButtonColor(QPushButton& button, SemanticColor color) {
     button.setProperty(kButtonColor, static_cast<int>(color));
 }
 
+// Renews the font of a widget that has one of our styles.
+class FontFollower final : public QObject {
+public:
+    FontFollower(QWidget& widget, TextStyle style, FontDesign design)
+        : QObject(&widget), m_style(style), m_design(design) {
+        widget.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::ApplicationFontChange)
+            static_cast<QWidget*>(watched)->setFont(fontFor(m_style, m_design));
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    TextStyle m_style;
+    FontDesign m_design;
+};
+
 } // namespace
 
 Label::Label(const QString& text, TextStyle style, SemanticColor color, QWidget* parent)
@@ -62,13 +81,11 @@ void Label::setDesign(FontDesign design) {
     restyle();
 }
 
-void Label::changeEvent(QEvent* event) {
-    switch (event->type()) {
-    case QEvent::ApplicationFontChange: restyle(); break;
-    case QEvent::PaletteChange: recolor(); break;
-    default: break;
-    }
-    QLabel::changeEvent(event);
+// Not by changeEvent, which hears nothing of the application's font.
+bool Label::event(QEvent* event) {
+    if (event->type() == QEvent::ApplicationFontChange) restyle();
+    if (event->type() == QEvent::PaletteChange) recolor();
+    return QLabel::event(event);
 }
 
 void Label::restyle() {
@@ -143,6 +160,11 @@ void ElidedLabel::paintEvent(QPaintEvent*) {
 
 QStringList ElidedLabel::shownLines(int width) const {
     return elidedLines(text(), font(), width, m_lines);
+}
+
+void setTextStyle(QWidget& widget, TextStyle style, FontDesign design) {
+    widget.setFont(fontFor(style, design));
+    new FontFollower(widget, style, design);
 }
 
 QStringList elidedLines(const QString& text, const QFont& font, int width, int lines) {

@@ -26,7 +26,7 @@ public:
     void setDesign(FontDesign design);
 
 protected:
-    void changeEvent(QEvent* event) override;
+    bool event(QEvent* event) override;
 
 private:
     void restyle();
@@ -62,6 +62,9 @@ private:
 
     int m_lines;
 };
+
+// `widget` has a font in one of our styles from now on, also after the desktop's font has changed.
+void setTextStyle(QWidget& widget, TextStyle style, FontDesign design = FontDesign::standard);
 
 // `text` broken into at most `lines` lines of at most `width` logical pixels, the last one with an
 // ellipsis when more would follow. At least one line, which may be empty.

@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
+#include <QFontInfo>
 #include <QHeaderView>
 #include <QPainter>
 #include <QPlainTextEdit>
@@ -164,14 +165,38 @@ QPalette darkPalette() {
     return palette;
 }
 
+// In GNOME's palette, as Qt makes it out, nothing tells a list from the window around it, and a
+// window that waits for its sheet is hard to read. Black and white stay what they are.
+void addDepth(QPalette& palette) {
+    const auto window = palette.color(QPalette::Active, QPalette::Window);
+    if (palette.color(QPalette::Active, QPalette::Base) != window) return;
+    const auto base = isDark(palette) ? window.darker(130) : QColor(Qt::white);
+    palette.setColor(QPalette::Active, QPalette::Base, base);
+    palette.setColor(QPalette::Inactive, QPalette::Base, base);
+    palette.setColor(QPalette::AlternateBase, mixed(base, window, 0.5));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Inactive, role, palette.color(QPalette::Active, role));
+    }
+}
+
+// Asks the desktop, and then the style, again. A palette that Qt's theme for GNOME has for fields
+// alone would not fit the others.
+void renewPalette() {
+    QApplication::setPalette(QPalette());
+    QApplication::setPalette(QApplication::palette(), "QLineEdit");
+}
+
 } // namespace
 
-KorvanStyle::KorvanStyle() : QProxyStyle(QStringLiteral("fusion")) {}
+KorvanStyle::KorvanStyle() : QProxyStyle(QStringLiteral("fusion")), m_font(QApplication::font()) {}
 
 void KorvanStyle::setScheme(Scheme scheme) {
-    if (scheme == m_scheme) return;
+    if (scheme == m_scheme && m_isPaletteSet) return;
     m_scheme = scheme;
-    QApplication::setPalette(QPalette()); // asks the desktop, and then this style, again
+    m_isPaletteSet = true;
+    // Asks the desktop, and then this style, again. What the desktop has for single kinds of
+    // widgets goes: it would not fit ours.
+    QApplication::setPalette(QPalette());
 }
 
 QPalette KorvanStyle::standardPalette() const {
@@ -179,7 +204,7 @@ QPalette KorvanStyle::standardPalette() const {
 }
 
 // Where a desktop brings no palette, the toolkit offers Fusion's as if it were the desktop's. And
-// some desktops wish for dark programs, but give out the light palette of their older ones.
+// GNOME's, as Qt makes it out, does not become dark with the desktop.
 void KorvanStyle::polish(QPalette& palette) {
     const auto fusion = QProxyStyle::standardPalette();
     const auto isFusion = [&](QPalette::ColorRole role) {
@@ -187,16 +212,44 @@ void KorvanStyle::polish(QPalette& palette) {
     };
     const bool isNone =
         isFusion(QPalette::Window) && isFusion(QPalette::Base) && isFusion(QPalette::Highlight);
-    if (isNone || (m_scheme == Scheme::dark && !isDark(palette))) palette = standardPalette();
+    const bool isTooLight = m_scheme == Scheme::dark && !isDark(palette);
+    if (isNone || isTooLight) palette = standardPalette();
+    addDepth(palette);
 }
 
 void KorvanStyle::polish(QWidget* widget) {
     QProxyStyle::polish(widget);
+    if (widget->isWindow()) widget->installEventFilter(this);
     if (auto* header = qobject_cast<QHeaderView*>(widget)) {
         header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter); // as the cells below it
     }
     if (qobject_cast<QScrollBar*>(widget) || qobject_cast<QComboBox*>(widget)) {
         widget->setAttribute(Qt::WA_Hover);
+    }
+}
+
+// Of a new font of the desktop, Qt tells the windows alone. Whatever has a font of its own, taken
+// from the desktop's in another size, would stay as it is.
+bool KorvanStyle::eventFilter(QObject* window, QEvent* event) {
+    if (event->type() == QEvent::ThemeChange) {
+        keepProportionalFont();
+        renewPalette();
+    } else if (event->type() == QEvent::ApplicationFontChange) {
+        for (auto* widget : window->findChildren<QWidget*>()) {
+            if (!widget->isWindow()) QCoreApplication::sendEvent(widget, event);
+        }
+    }
+    return QProxyStyle::eventFilter(window, event);
+}
+
+// When GNOME's colours change, Qt 6.8 takes that desktop's font for code for the one of all texts.
+// Who really chooses such a font has it from the next start on.
+void KorvanStyle::keepProportionalFont() {
+    const auto font = QApplication::font();
+    if (QFontInfo(font).fixedPitch() && !QFontInfo(m_font).fixedPitch()) {
+        QApplication::setFont(m_font);
+    } else {
+        m_font = font;
     }
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QFont>
 #include <QProxyStyle>
 
 namespace korvan {
@@ -34,6 +35,7 @@ public:
     using QProxyStyle::polish;
     void polish(QPalette& palette) override;
     void polish(QWidget* widget) override;
+    bool eventFilter(QObject* window, QEvent* event) override;
 
     [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption* option,
                                   const QWidget* widget) const override;
@@ -57,8 +59,12 @@ public:
                             QPainter* painter, const QWidget* widget) const override;
 
 private:
+    void keepProportionalFont();
+
     Motion m_motion = Motion::full;
     Scheme m_scheme = Scheme::light;
+    bool m_isPaletteSet = false;
+    QFont m_font; // the application's, as it was last
 };
 
 // How long a movement of `widget` takes, in milliseconds; 0 where nothing should move.

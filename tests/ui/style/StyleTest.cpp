@@ -12,8 +12,11 @@
 #include <QStyleOptionToolButton>
 #include <QVBoxLayout>
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace korvan {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -58,6 +61,19 @@ TEST(KorvanStyle, TakesTheDesktopsPaletteUnlessThatIsLightWhereDarkIsWishedFor) 
     EXPECT_EQ(taken(dark), QColor(0x203540));
 }
 
+TEST(KorvanStyle, TellsListsFromTheWindowInAFlatPalette) {
+    KorvanStyle style;
+    for (auto [window, text, base] : {std::tuple<QColor, QColor, QColor>(0xfaf9f8, 0, Qt::white),
+                                      {0x303030, Qt::white, 0x252525},
+                                      {Qt::black, Qt::white, Qt::black}}) {
+        auto palette = paletteOf(window, text, window);
+        palette.setColor(QPalette::Inactive, QPalette::WindowText, Qt::gray);
+        style.polish(palette);
+        EXPECT_EQ(palette.color(QPalette::Active, QPalette::Base).rgb(), base.rgb());
+        EXPECT_EQ(palette.color(QPalette::Inactive, QPalette::WindowText), text);
+    }
+}
+
 TEST(Symbols, AreSharpAndFollowThePaletteOfTheMoment) {
     const auto before = QApplication::palette();
     for (const auto* name :
@@ -95,6 +111,54 @@ TEST(Symbols, AreDrawnInTheScreensPixelsInAButton) {
         shown.setDevicePixelRatio(1);
         EXPECT_TRUE(shown == option.icon.pixmap(QSize(32, 32), 1.0).toImage()) << name;
     }
+}
+
+TEST(KorvanStyle, TellsTheWholeWindowOfTheDesktopsNewFont) {
+    // Of a font that the desktop has changed, Qt tells the windows alone, and in a test everyone.
+    class Deafness final : public QObject {
+        bool eventFilter(QObject*, QEvent* event) override {
+            return event->type() == QEvent::ApplicationFontChange;
+        }
+    } deafness;
+    const auto before = QApplication::font();
+    QWidget window;
+    QVBoxLayout layout(&window);
+    auto* label = new Label(u"Kategorien"_s, TextStyle::headline);
+    auto* button = new QPushButton(u"Copy"_s);
+    setTextStyle(*button, TextStyle::subheadline);
+    layout.addWidget(label);
+    layout.addWidget(button);
+    window.show();
+    label->installEventFilter(&deafness);
+    button->installEventFilter(&deafness);
+    auto larger = before;
+    larger.setPointSizeF(2 * before.pointSizeF());
+    QApplication::setFont(larger);
+    label->removeEventFilter(&deafness);
+    button->removeEventFilter(&deafness);
+    const auto size = [](TextStyle style) { return fontFor(style).pointSizeF(); };
+    EXPECT_NE(label->font().pointSizeF(), size(TextStyle::headline));
+
+    QEvent change(QEvent::ApplicationFontChange);
+    QCoreApplication::sendEvent(&window, &change);
+    EXPECT_EQ(label->font().pointSizeF(), size(TextStyle::headline));
+    EXPECT_EQ(button->font().pointSizeF(), size(TextStyle::subheadline));
+    QApplication::setFont(before);
+}
+
+TEST(KorvanStyle, DoesNotTakeTheFontForCodeForTheOneOfAllTexts) {
+    const auto before = QApplication::font();
+    QWidget window;
+    window.show();
+    const auto becomes = [&window](const QFont& font) {
+        QApplication::setFont(font);
+        QEvent change(QEvent::ThemeChange);
+        QCoreApplication::sendEvent(&window, &change);
+        return QApplication::font().family();
+    };
+    EXPECT_EQ(becomes(QFont(u"DejaVu Serif"_s)), u"DejaVu Serif");
+    EXPECT_EQ(becomes(QFont(u"DejaVu Sans Mono"_s)), u"DejaVu Serif");
+    QApplication::setFont(before);
 }
 
 TEST(ElidedLabel, CutsWhatIsShownAndReadsTheWhole) {
