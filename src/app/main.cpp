@@ -46,6 +46,7 @@ void follow(const DesktopSettings& settings, KorvanStyle& style) {
                         : KorvanStyle::Scheme::light);
     style.setMotion(settings.reducesMotion() ? KorvanStyle::Motion::reduced
                                              : KorvanStyle::Motion::full);
+    if (const auto font = settings.font()) style.setFont(*font);
 }
 
 } // namespace

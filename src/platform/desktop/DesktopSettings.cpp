@@ -5,6 +5,8 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
 #include <QDeadlineTimer>
+#include <QFontDatabase>
+#include <QGuiApplication>
 #include <QThread>
 #include <algorithm>
 
@@ -20,8 +22,15 @@ const QString kAppearance = QStringLiteral("org.freedesktop.appearance");
 const QString kColorScheme = QStringLiteral("color-scheme");
 const QString kGnome = QStringLiteral("org.gnome.desktop.interface");
 const QString kEnableAnimations = QStringLiteral("enable-animations");
+const QString kFontName = QStringLiteral("font-name");
+const QString kTextScale = QStringLiteral("text-scaling-factor");
 const QString kKde = QStringLiteral("org.kde.kdeglobals.KDE");
 const QString kDurationFactor = QStringLiteral("AnimationDurationFactor");
+
+// The settings of GNOME can be asked for elsewhere, too, where nobody has ever chosen them.
+bool isOnGnome() {
+    return qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':').contains(u"GNOME");
+}
 
 } // namespace
 
@@ -37,6 +46,9 @@ DesktopSettings::DesktopSettings(const QDBusConnection& bus) {
     ask(connection, kAppearance, kColorScheme);
     ask(connection, kGnome, kEnableAnimations);
     ask(connection, kKde, kDurationFactor);
+    if (!isOnGnome()) return;
+    ask(connection, kGnome, kFontName);
+    ask(connection, kGnome, kTextScale);
 }
 
 // By Read, which has a younger name but is known to the portals of all ages.
@@ -51,6 +63,23 @@ void DesktopSettings::ask(QDBusConnection& bus, const QString& group, const QStr
         take(asked);
         Q_EMIT changed();
     });
+}
+
+std::optional<QFont> DesktopSettings::font() const {
+    if (!isOnGnome()) return std::nullopt;
+    QStringList words = m_fontName.split(u' ', Qt::SkipEmptyParts);
+    bool isNumber = false;
+    const double points = words.isEmpty() ? 0 : words.takeLast().toDouble(&isNumber);
+    if (!isNumber || points <= 0 || m_textScale <= 0) return std::nullopt;
+    // The last words may name a style instead of the family.
+    while (!words.isEmpty() && !QFontDatabase::hasFamily(words.join(u' ')))
+        words.removeLast();
+    if (words.isEmpty()) return std::nullopt;
+    QFont font(words.join(u' '));
+    // On X11 the desktop enlarges texts by way of the screen's resolution.
+    const bool isEnlarged = QGuiApplication::platformName() == u"xcb";
+    font.setPointSizeF(isEnlarged ? points : points * m_textScale);
+    return font;
 }
 
 void DesktopSettings::waitForAnswers(std::chrono::milliseconds atMost) {
@@ -80,15 +109,24 @@ void DesktopSettings::take(const QString& group, const QString& key, QVariant va
     while (value.metaType() == QMetaType::fromType<QDBusVariant>()) {
         value = value.value<QDBusVariant>().variant();
     }
+    if (group == kGnome && key == kFontName) {
+        m_fontName = value.toString();
+        return;
+    }
     bool isNumber = false;
     const double number = value.toDouble(&isNumber); // KDE's is a text
-    if (!isNumber) return;
+    if (isNumber) takeNumber(group, key, number);
+}
+
+void DesktopSettings::takeNumber(const QString& group, const QString& key, double number) {
     if (group == kAppearance && key == kColorScheme) {
         m_colorScheme = number == 1   ? ColorScheme::dark
                         : number == 2 ? ColorScheme::light
                                       : ColorScheme::none;
     } else if (group == kGnome && key == kEnableAnimations) {
         m_isAnimated = number != 0;
+    } else if (group == kGnome && key == kTextScale) {
+        m_textScale = number;
     } else if (group == kKde && key == kDurationFactor) {
         m_durationFactor = number;
     }

@@ -199,6 +199,11 @@ void KorvanStyle::setScheme(Scheme scheme) {
     QApplication::setPalette(QPalette());
 }
 
+void KorvanStyle::setFont(const QFont& font) {
+    m_font = font;
+    if (font != QApplication::font()) QApplication::setFont(font);
+}
+
 QPalette KorvanStyle::standardPalette() const {
     return m_scheme == Scheme::dark ? darkPalette() : lightPalette();
 }

@@ -29,6 +29,9 @@ public:
     // brings stays instead, but for a light one where dark is wished for.
     void setScheme(Scheme scheme);
 
+    // The font of the application from now on, where the toolkit does not know the desktop's.
+    void setFont(const QFont& font);
+
     // The palette where the desktop brings none of its own.
     [[nodiscard]] QPalette standardPalette() const override;
 

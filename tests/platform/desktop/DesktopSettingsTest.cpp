@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/desktop/DesktopSettings.h"
 
-#include <QCoreApplication>
 #include <QDBusMessage>
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
+#include <QGuiApplication>
 #include <QProcess>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -59,7 +59,8 @@ private:
 TEST(DesktopSettings, FollowWhatTheUserChooses) {
     using enum DesktopSettings::ColorScheme;
     int count = 0;
-    const QCoreApplication application(count, nullptr);
+    const QGuiApplication application(count, nullptr);
+    qputenv("XDG_CURRENT_DESKTOP", "ubuntu:GNOME");
     const Portal portal;
     const DesktopSettings settings(portal.connection(u"korvan"_s));
     const auto becomes = [&](DesktopSettings::ColorScheme scheme, bool isStill) {
@@ -74,6 +75,23 @@ TEST(DesktopSettings, FollowWhatTheUserChooses) {
     EXPECT_TRUE(becomes(dark, true));
     portal.change(u"org.freedesktop.appearance"_s, u"color-scheme"_s, 2U);
     EXPECT_TRUE(becomes(light, true));
+
+    const auto gnome = u"org.gnome.desktop.interface"_s;
+    const auto hasFont = [&](const std::optional<QFont>& font) {
+        return QTest::qWaitFor([&] { return settings.font() == font; });
+    };
+    const auto family = u"DejaVu Sans"_s;
+    EXPECT_TRUE(hasFont(std::nullopt));
+    portal.change(gnome, u"font-name"_s, family + u" Ganz-Fett 12"_s);
+    EXPECT_TRUE(hasFont(QFont(family, 12)));
+    portal.change(gnome, u"text-scaling-factor"_s, 1.5);
+    EXPECT_TRUE(hasFont(QFont(family, 18)));
+    portal.change(gnome, u"font-name"_s, u"No Such Font 12"_s);
+    EXPECT_TRUE(hasFont(std::nullopt));
+    portal.change(gnome, u"font-name"_s, family + u" 10"_s);
+    EXPECT_TRUE(hasFont(QFont(family, 15)));
+    qputenv("XDG_CURRENT_DESKTOP", "XFCE");
+    EXPECT_EQ(settings.font(), std::nullopt);
 }
 
 } // namespace korvan
