@@ -31,7 +31,7 @@ class User final {
 public:
     using Doing = std::function<void(QDialog&)>;
 
-    explicit User(std::initializer_list<Doing> doings) : m_doings(doings) {
+    User(std::initializer_list<Doing> doings) : m_doings(doings) {
         m_timer.callOnTimeout([this] {
             auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
             if (!dialog || dialog == m_last) return;
@@ -97,7 +97,8 @@ public:
             u"org.freedesktop.portal.Request"_s, u"Response"_s);
         const auto uri = QUrl::fromLocalFile(toQString(file.native())).toString(QUrl::FullyEncoded);
         portal.send(response << 0U << QVariantMap{{u"uris"_s, QStringList{uri}}});
-        for (auto bus : {portal, korvan()}) // in this order, the answers to both come after it
+        // In this order, the answers to both come after it.
+        for (const auto& bus : {portal, korvan()})
             bus.call(QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/"_s,
                                                     u"org.freedesktop.DBus"_s, u"GetId"_s));
     }
