@@ -194,9 +194,7 @@ void KorvanStyle::setScheme(Scheme scheme) {
     if (scheme == m_scheme && m_isPaletteSet) return;
     m_scheme = scheme;
     m_isPaletteSet = true;
-    // Asks the desktop, and then this style, again. What the desktop has for single kinds of
-    // widgets goes: it would not fit ours.
-    QApplication::setPalette(QPalette());
+    renewPalette();
 }
 
 void KorvanStyle::setFont(const QFont& font) {

@@ -6,6 +6,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QFontMetrics>
+#include <QLineEdit>
 #include <QPainter>
 #include <QPalette>
 #include <QStyle>
@@ -72,6 +73,29 @@ TEST(KorvanStyle, TellsListsFromTheWindowInAFlatPalette) {
         EXPECT_EQ(palette.color(QPalette::Active, QPalette::Base).rgb(), base.rgb());
         EXPECT_EQ(palette.color(QPalette::Inactive, QPalette::WindowText), text);
     }
+}
+
+// Qt's theme for GNOME has a palette for fields alone, and sets it before there is a style.
+TEST(KorvanStyle, GivesFieldsTheColorsOfAllTheOthers) {
+    const auto setTheirs = [] {
+        QApplication::setPalette(paletteOf(Qt::gray, Qt::black, Qt::red), "QLineEdit");
+    };
+    QWidget window;
+    QLineEdit field(&window);
+    const auto isLikeOthers = [&field] {
+        return field.palette().color(QPalette::Base) ==
+               QApplication::palette().color(QPalette::Base);
+    };
+    window.show();
+    setTheirs();
+    EXPECT_FALSE(isLikeOthers());
+    KorvanStyle style;
+    style.setScheme(KorvanStyle::Scheme::light);
+    EXPECT_TRUE(isLikeOthers());
+    setTheirs();
+    QEvent change(QEvent::ThemeChange);
+    QCoreApplication::sendEvent(&window, &change);
+    EXPECT_TRUE(isLikeOthers());
 }
 
 TEST(Symbols, AreSharpAndFollowThePaletteOfTheMoment) {
