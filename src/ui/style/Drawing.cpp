@@ -213,6 +213,22 @@ void drawHairlineFrame(QPainter& painter, const QStyleOption& option) {
     painter.drawRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5));
 }
 
+bool isRule(const QStyleOptionFrame& frame) {
+    return frame.frameShape == QFrame::HLine || frame.frameShape == QFrame::VLine;
+}
+
+void drawRule(QPainter& painter, const QStyleOptionFrame& frame) {
+    auto line = frame.rect;
+    if (frame.frameShape == QFrame::HLine) {
+        line.setTop(line.center().y());
+        line.setHeight(1);
+    } else {
+        line.setLeft(line.center().x());
+        line.setWidth(1);
+    }
+    painter.fillRect(line, hairline(frame.palette));
+}
+
 void drawHeaderSection(QPainter& painter, const QStyleOption& header) {
     const auto& palette = header.palette;
     const QRect& rect = header.rect;

@@ -28,6 +28,9 @@ void drawComboBox(QPainter& painter, const QStyleOptionComboBox& box, const QRec
 void drawField(QPainter& painter, const QStyleOption& option);
 // The plain frame of a table and of a pop-up list.
 void drawHairlineFrame(QPainter& painter, const QStyleOption& option);
+// A frame that is no more than a line, as those in KDE's file panels.
+[[nodiscard]] bool isRule(const QStyleOptionFrame& frame);
+void drawRule(QPainter& painter, const QStyleOptionFrame& frame);
 
 void drawHeaderSection(QPainter& painter, const QStyleOption& header);
 void drawHeaderLabel(QPainter& painter, const QStyleOptionHeader& header);

@@ -441,6 +441,11 @@ void KorvanStyle::drawControl(ControlElement element, const QStyleOption* option
             return drawHeaderLabel(*painter, *header);
         }
         break;
+    case CE_ShapedFrame:
+        if (const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option)) {
+            if (isRule(*frame)) return drawRule(*painter, *frame);
+        }
+        break;
     case CE_Splitter:
         return painter->fillRect(option->rect, colorFor(SemanticColor::separator, option->palette));
     case CE_MenuItem:

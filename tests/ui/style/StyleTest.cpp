@@ -6,6 +6,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QFontMetrics>
+#include <QFrame>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPalette>
@@ -96,6 +97,21 @@ TEST(KorvanStyle, GivesFieldsTheColorsOfAllTheOthers) {
     QEvent change(QEvent::ThemeChange);
     QCoreApplication::sendEvent(&window, &change);
     EXPECT_TRUE(isLikeOthers());
+}
+
+// They are in the panels of other people, where Fusion has them as dark as a text.
+TEST(KorvanStyle, DrawsFramesThatAreLinesAsHairlines) {
+    for (const auto shape : {QFrame::HLine, QFrame::VLine}) {
+        QFrame frame;
+        frame.setFrameStyle(static_cast<int>(shape) | QFrame::Plain);
+        frame.resize(9, 9);
+        auto expected = QImage(9, 9, QImage::Format_RGB32);
+        expected.fill(frame.palette().color(QPalette::Window));
+        const bool isLevel = shape == QFrame::HLine;
+        QPainter(&expected).fillRect(isLevel ? QRect(0, 4, 9, 1) : QRect(4, 0, 1, 9),
+                                     colorFor(SemanticColor::separator, frame.palette()));
+        EXPECT_TRUE(frame.grab().toImage().convertToFormat(QImage::Format_RGB32) == expected);
+    }
 }
 
 TEST(Symbols, AreSharpAndFollowThePaletteOfTheMoment) {
