@@ -50,6 +50,9 @@ std::optional<std::int64_t> integerValue(std::string_view number) {
         const char* begin = number.data() + mark + (hasPlus ? 2 : 1);
         const auto end = number.data() + number.size();
         if (std::from_chars(begin, end, exponent).ec != std::errc()) return std::nullopt;
+        // Beyond this, no text has the zeros that it would take, and the sum below could overflow.
+        constexpr std::int64_t kMostZeros = 1'000'000'000'000;
+        if (exponent < -kMostZeros || exponent > kMostZeros) return std::nullopt;
     }
     if (const std::size_t point = digits.find('.'); point != std::string::npos) {
         digits.erase(point, 1);

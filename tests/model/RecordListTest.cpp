@@ -132,7 +132,7 @@ TEST(RecordList, NamesPlaceAndKeyOfWhatItCannotRead) {
                   "profiles[1]." + error);
     for (const std::string port :
          {"022", "22x", "2 2", "0x16", "+22", "-", "22.", ".5", "1e", "22e-1",
-          "922337203685477580.8e1", "1e400", "1e99999999999999999999"})
+          "922337203685477580.8e1", "1e400", "1e99999999999999999999", "1.5e-9223372036854775808"})
         EXPECT_NE(errorOf("[" + replaced(kProfileJson, "2222", port) + "]"), "no error") << port;
     EXPECT_EQ(errorOf("{}"), "profiles: expected an array");
     EXPECT_EQ(errorOf("[" + kProfileJson + ",[]]"), "profiles[1]: expected an object");
