@@ -23,6 +23,7 @@
 namespace {
 
 using namespace Qt::StringLiterals;
+using korvan::DesktopFilePanels;
 using korvan::DesktopSettings;
 using korvan::KorvanStyle;
 
@@ -58,7 +59,6 @@ int main(int argc, char** argv) {
     // The toolkit takes it out of the environment.
     const QString activationToken = korvan::activationTokenOfThisStart();
     auto portalTheme = std::make_unique<korvan::FilePortalTheme>();
-    using korvan::DesktopFilePanels;
     const auto filePanels = portalTheme->isChosen() ? DesktopFilePanels::Source::portal
                                                     : DesktopFilePanels::Source::theme;
     QApplication application(argc, argv);
