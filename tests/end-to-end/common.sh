@@ -84,8 +84,10 @@ is_active() { [ "$(xdotool getactivewindow)" = "$1" ]; }
 click() {
     local x=${1%,*} y=${1#*,}
     shift
-    xdotool mousemove --window "$window" $((x * scale)) $((y * scale)) click "$@" 1
+    xdotool mousemove --window "$window" "$(scaled "$x")" "$(scaled "$y")" click "$@" 1
 }
+
+scaled() { awk "BEGIN { print int($1 * $scale) }"; }
 
 # sql STATEMENT: runs it on the stored data, waiting its turn.
 sql() { sqlite3 -cmd '.timeout 5000' "$database" "$1"; }
