@@ -2,6 +2,7 @@
 #include "ui/main/HeaderBar.h"
 
 #include "ui/style/Controls.h"
+#include "ui/style/Lines.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -119,8 +120,8 @@ void HeaderBar::changeEvent(QEvent* event) {
 }
 
 void HeaderBar::paintEvent(QPaintEvent*) {
-    QPainter(this).fillRect(0, height() - 1, width(), 1,
-                            colorFor(SemanticColor::separator, palette()));
+    QPainter painter(this);
+    drawLine(painter, rect(), Qt::BottomEdge, colorFor(SemanticColor::separator, palette()));
 }
 
 } // namespace korvan

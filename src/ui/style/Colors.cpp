@@ -3,14 +3,16 @@
 
 #include <QPalette>
 #include <algorithm>
-#include <array>
 #include <cmath>
+#include <vector>
 
 namespace korvan {
 
 namespace {
 
-constexpr double kReadableContrast = 4.5;
+constexpr double kReadable = 4.5;
+constexpr double kVisible = 3; // of what is no text, and of what is disabled
+constexpr double kHighlyReadable = 7;
 constexpr int kSteps = 7; // of a bisection: to a hundredth
 
 double luminance(const QColor& color) {
@@ -26,16 +28,19 @@ double contrastOf(double luminance, double other) {
     return (lighter + 0.05) / (darker + 0.05);
 }
 
-// The grounds that text stands on: windows, lists with their alternate rows, and the wash behind a
-// marked row. Their luminances are kept, since many a colour is tried on them.
+// The grounds that text stands on, and the contrast that it needs there: windows, lists with their
+// alternate rows, and the wash behind a marked row. Their luminances are kept, since many a colour
+// is tried on them.
 class Grounds final {
 public:
-    explicit Grounds(const QPalette& palette) {
+    Grounds(const QPalette& palette, double needed) : m_needed(needed) {
         const auto base = palette.color(QPalette::Base);
         m_luminances = {luminance(palette.color(QPalette::Window)), luminance(base),
                         luminance(palette.color(QPalette::AlternateBase)),
                         luminance(mixed(base, palette.color(QPalette::Highlight), 0.15))};
     }
+
+    void add(const QColor& ground) { m_luminances.push_back(luminance(ground)); }
 
     // The least contrast that text of this colour meets.
     [[nodiscard]] double leastContrast(const QColor& color) const {
@@ -48,11 +53,12 @@ public:
     }
 
     [[nodiscard]] bool letRead(const QColor& color) const {
-        return leastContrast(color) >= kReadableContrast;
+        return leastContrast(color) >= m_needed;
     }
 
 private:
-    std::array<double, 4> m_luminances{};
+    double m_needed;
+    std::vector<double> m_luminances;
 };
 
 QColor blackOrWhite(const Grounds& grounds) {
@@ -78,9 +84,24 @@ QColor readableText(const QPalette& palette, const Grounds& grounds) {
 }
 
 QColor secondaryText(const QPalette& palette) {
-    const Grounds grounds(palette);
+    const Grounds grounds(palette, isHighContrast(palette) ? kHighlyReadable : kReadable);
     return furthestReadable(readableText(palette, grounds), palette.color(QPalette::Window),
                             grounds);
+}
+
+QColor focusRing(const QPalette& palette) {
+    Grounds grounds(palette, kVisible);
+    grounds.add(palette.color(QPalette::Button));
+    const auto accent = palette.color(QPalette::Active, QPalette::Highlight);
+    if (grounds.letRead(accent)) return accent;
+    return furthestReadable(readableText(palette, grounds), accent, grounds);
+}
+
+// A line in the text's colour, as strong as the palette's other contrasts.
+QColor lineColor(const QPalette& palette, double share, double highContrastShare) {
+    return mixed(palette.color(QPalette::Window),
+                 palette.color(QPalette::Active, QPalette::WindowText),
+                 isHighContrast(palette) ? highContrastShare : share);
 }
 
 QColor enabledColor(SemanticColor color, const QPalette& palette) {
@@ -92,28 +113,41 @@ QColor enabledColor(SemanticColor color, const QPalette& palette) {
         return readable(isDark(palette) ? QColor(0xff8078) : QColor(0xc3202f), palette);
     case SemanticColor::green:
         return readable(isDark(palette) ? QColor(0x6fcf87) : QColor(0x1b7638), palette);
+    case SemanticColor::focus: return focusRing(palette);
+    case SemanticColor::border:
+        return palette.currentColorGroup() == QPalette::Disabled ? lineColor(palette, 0.12, 0.45)
+                                                                 : lineColor(palette, 0.22, 0.6);
     case SemanticColor::separator: break;
     }
-    return mixed(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.14);
+    return lineColor(palette, 0.14, 0.4);
 }
 
 } // namespace
 
 QColor colorFor(SemanticColor color, const QPalette& palette) {
-    const bool followsItsGroup =
-        color == SemanticColor::primary || color == SemanticColor::separator;
+    const bool followsItsGroup = color == SemanticColor::primary ||
+                                 color == SemanticColor::separator ||
+                                 color == SemanticColor::border;
     if (followsItsGroup || palette.currentColorGroup() != QPalette::Disabled) {
         return enabledColor(color, palette);
     }
     // The accent of a disabled group is grey on many desktops; what is pale keeps its hue here.
     auto active = palette;
     active.setCurrentColorGroup(QPalette::Active);
-    return mixed(enabledColor(color, active), active.color(QPalette::Window), 0.6);
+    const auto pale = mixed(enabledColor(color, active), active.color(QPalette::Window), 0.6);
+    return isHighContrast(palette) ? readable(pale, active, kVisible) : pale;
 }
 
 bool isDark(const QPalette& palette) {
     return luminance(palette.color(QPalette::Window)) <
            luminance(palette.color(QPalette::WindowText));
+}
+
+bool isHighContrast(const QPalette& palette) {
+    const double window = luminance(palette.color(QPalette::Active, QPalette::Window));
+    const double text = luminance(palette.color(QPalette::Active, QPalette::WindowText));
+    const bool isBlackOrWhite = std::max(contrastOf(window, 0), contrastOf(window, 1)) > 20.6;
+    return isBlackOrWhite && contrastOf(window, text) >= 18;
 }
 
 QColor mixed(const QColor& from, const QColor& to, double share) {
@@ -128,8 +162,8 @@ double contrast(const QColor& first, const QColor& second) {
     return contrastOf(luminance(first), luminance(second));
 }
 
-QColor readable(const QColor& color, const QPalette& palette) {
-    const Grounds grounds(palette);
+QColor readable(const QColor& color, const QPalette& palette, double leastContrast) {
+    const Grounds grounds(palette, leastContrast);
     if (grounds.letRead(color)) return color;
     return furthestReadable(readableText(palette, grounds), color, grounds);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/style/Controls.h"
 
+#include "ui/style/Lines.h"
 #include "ui/style/Symbols.h"
 
 #include <QApplication>
@@ -23,7 +24,8 @@ constexpr QSize kSymbolSize(16, 16);
 
 class Separator final : public QWidget {
 public:
-    explicit Separator(Qt::Orientation orientation) {
+    explicit Separator(Qt::Orientation orientation)
+        : m_edge(orientation == Qt::Horizontal ? Qt::BottomEdge : Qt::RightEdge) {
         if (orientation == Qt::Horizontal) {
             setFixedHeight(1);
         } else {
@@ -33,8 +35,12 @@ public:
 
 protected:
     void paintEvent(QPaintEvent*) override {
-        QPainter(this).fillRect(rect(), colorFor(SemanticColor::separator, palette()));
+        QPainter painter(this);
+        drawLine(painter, rect(), m_edge, colorFor(SemanticColor::separator, palette()));
     }
+
+private:
+    Qt::Edge m_edge;
 };
 
 void setButtonColor(QPushButton& button, SemanticColor color) {

@@ -3,6 +3,7 @@
 
 #include "ui/style/Colors.h"
 #include "ui/style/Controls.h"
+#include "ui/style/Lines.h"
 #include "ui/style/TextStyles.h"
 
 #include <QAbstractScrollArea>
@@ -17,8 +18,6 @@ namespace korvan {
 
 namespace {
 
-constexpr double kRadius = 6;
-constexpr double kSmallRadius = 4;
 constexpr int kIconGap = 6;
 
 // Saves the painter's state and puts it back, since styles share the painter of the widget.
@@ -36,6 +35,15 @@ private:
     QPainter& m_painter;
 };
 
+// A line just inside of `rect`, which the painter's brush fills.
+void drawRing(QPainter& painter, const QRectF& rect, const QColor& color, double width,
+              double radius) {
+    painter.setPen(QPen(color, width));
+    const double half = width / 2;
+    painter.drawRoundedRect(onPixels(painter, rect).adjusted(half, half, -half, -half),
+                            radius - half, radius - half);
+}
+
 // An invalid colour leaves out the fill or the border.
 void drawRounded(QPainter& painter, const QRectF& rect, const QColor& fill, const QColor& border,
                  double radius = kRadius) {
@@ -43,18 +51,13 @@ void drawRounded(QPainter& painter, const QRectF& rect, const QColor& fill, cons
     painter.setBrush(fill.isValid() ? QBrush(fill) : QBrush(Qt::NoBrush));
     if (!border.isValid()) {
         painter.setPen(Qt::NoPen);
-        painter.drawRoundedRect(rect, radius, radius);
+        painter.drawRoundedRect(onPixels(painter, rect), radius, radius);
         return;
     }
-    painter.setPen(QPen(border, 1));
-    painter.drawRoundedRect(rect.adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5, radius - 0.5);
+    drawRing(painter, rect, border, lineWidth(painter), radius);
 }
 
-QColor border(const QPalette& palette) {
-    return mixed(palette.color(QPalette::Window),
-                 palette.color(QPalette::Active, QPalette::WindowText),
-                 palette.currentColorGroup() == QPalette::Disabled ? 0.12 : 0.22);
-}
+QColor border(const QPalette& palette) { return colorFor(SemanticColor::border, palette); }
 
 QColor hairline(const QPalette& palette) { return colorFor(SemanticColor::separator, palette); }
 
@@ -117,11 +120,34 @@ QPainterPath smoothRectangle(const QRectF& rect, double radius) {
     return path;
 }
 
-void drawFocusRing(QPainter& painter, const QRect& rect, const QPalette& palette) {
+bool showsKeyboardFocus(const QWidget& widget) {
+    return widget.hasFocus() && widget.window()->testAttribute(Qt::WA_KeyboardFocusChange);
+}
+
+void drawFocusRing(QPainter& painter, const QRect& rect, const QPalette& palette, double radius,
+                   RingGround ground) {
     const Painting painting(painter);
-    painter.setPen(QPen(palette.color(QPalette::Active, QPalette::Highlight), 2));
     painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(QRectF(rect).adjusted(1, 1, -1, -1), kRadius - 1, kRadius - 1);
+    const auto color = ground == RingGround::plain
+                           ? colorFor(SemanticColor::focus, palette)
+                           : textOn(palette.color(QPalette::Highlight), palette);
+    drawRing(painter, rect, color, lineWidth(painter, 2), radius);
+}
+
+QColor washColor(const QPalette& palette, Wash wash) {
+    const bool isStrong = isHighContrast(palette);
+    auto color = palette.color(QPalette::Active, QPalette::WindowText);
+    switch (wash) {
+    case Wash::none: color.setAlphaF(0); break;
+    case Wash::hovered: color.setAlphaF(isStrong ? 0.15F : 0.05F); break;
+    case Wash::hoveredInTable: color.setAlphaF(isStrong ? 0.12F : 0.04F); break;
+    case Wash::pressed: color.setAlphaF(isStrong ? 0.3F : 0.12F); break;
+    }
+    return color;
+}
+
+void drawRowWash(QPainter& painter, const QRect& rect, const QPalette& palette, Wash wash) {
+    if (wash != Wash::none) drawRounded(painter, rect, washColor(palette, wash), {}, kSmallRadius);
 }
 
 void drawPushButtonPanel(QPainter& painter, const QStyleOptionButton& button) {
@@ -207,10 +233,9 @@ void drawField(QPainter& painter, const QStyleOption& option) {
 }
 
 void drawHairlineFrame(QPainter& painter, const QStyleOption& option) {
-    const Painting painting(painter);
-    painter.setPen(QPen(border(option.palette), 1));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5));
+    for (const auto edge : {Qt::TopEdge, Qt::LeftEdge, Qt::RightEdge, Qt::BottomEdge}) {
+        drawLine(painter, option.rect, edge, border(option.palette));
+    }
 }
 
 bool isRule(const QStyleOptionFrame& frame) {
@@ -219,14 +244,9 @@ bool isRule(const QStyleOptionFrame& frame) {
 
 void drawRule(QPainter& painter, const QStyleOptionFrame& frame) {
     auto line = frame.rect;
-    if (frame.frameShape == QFrame::HLine) {
-        line.setTop(line.center().y());
-        line.setHeight(1);
-    } else {
-        line.setLeft(line.center().x());
-        line.setWidth(1);
-    }
-    painter.fillRect(line, hairline(frame.palette));
+    const bool isLevel = frame.frameShape == QFrame::HLine;
+    isLevel ? line.setTop(line.center().y()) : line.setLeft(line.center().x());
+    drawLine(painter, line, isLevel ? Qt::TopEdge : Qt::LeftEdge, hairline(frame.palette));
 }
 
 void drawHeaderSection(QPainter& painter, const QStyleOption& header) {
@@ -235,13 +255,12 @@ void drawHeaderSection(QPainter& painter, const QStyleOption& header) {
     const auto ground = mixed(palette.color(QPalette::Base), palette.color(QPalette::Window), 0.5);
     const double pressed = has(header, QStyle::State_Sunken) ? 0.06 : 0;
     painter.fillRect(rect, mixed(ground, palette.color(QPalette::WindowText), pressed));
-    painter.fillRect(QRect(rect.left(), rect.bottom(), rect.width(), 1), hairline(palette));
+    drawLine(painter, rect, Qt::BottomEdge, hairline(palette));
     const auto* section = qstyleoption_cast<const QStyleOptionHeader*>(&header);
     if (!section || section->orientation != Qt::Horizontal) return;
     const bool isLeftToRight = header.direction == Qt::LeftToRight;
-    painter.fillRect(
-        QRect(isLeftToRight ? rect.right() : rect.left(), rect.top() + 6, 1, rect.height() - 12),
-        hairline(palette));
+    drawLine(painter, rect.adjusted(0, 6, 0, -6), isLeftToRight ? Qt::RightEdge : Qt::LeftEdge,
+             hairline(palette));
 }
 
 void drawHeaderLabel(QPainter& painter, const QStyleOptionHeader& header) {
@@ -278,10 +297,8 @@ void drawItemPanel(QPainter& painter, const QStyleOptionViewItem& item, bool isR
 }
 
 void drawItemFocus(QPainter& painter, const QStyleOption& option) {
-    auto color = option.palette.color(
-        has(option, QStyle::State_Selected) ? QPalette::HighlightedText : QPalette::Highlight);
-    color.setAlphaF(0.7F);
-    drawRounded(painter, QRectF(option.rect).adjusted(1, 1, -1, -1), {}, color, kSmallRadius);
+    drawFocusRing(painter, option.rect, option.palette, kSmallRadius,
+                  has(option, QStyle::State_Selected) ? RingGround::selection : RingGround::plain);
 }
 
 QColor scrollGround(const QPalette& palette, const QWidget* widget) {

@@ -15,8 +15,26 @@ namespace korvan {
 // little by little, where those of an arc of the same radius begin with a jump.
 [[nodiscard]] QPainterPath smoothRectangle(const QRectF& rect, double radius);
 
-// A ring in the accent colour just inside of `rect`.
-void drawFocusRing(QPainter& painter, const QRect& rect, const QPalette& palette);
+// The radii of controls, and of rows and what else is small.
+constexpr double kRadius = 6;
+constexpr double kSmallRadius = 4;
+
+// Whether `widget` shows that it has the keyboard: only where the user works by keyboard. Fields
+// that are typed into show it always, and do not ask.
+[[nodiscard]] bool showsKeyboardFocus(const QWidget& widget);
+
+// The one ring of keyboard focus, two logical pixels, just inside of `rect`. On a selected row it
+// has the colour of that row's text.
+enum class RingGround { plain, selection };
+void drawFocusRing(QPainter& painter, const QRect& rect, const QPalette& palette,
+                   double radius = kRadius, RingGround ground = RingGround::plain);
+
+// How a row that can be clicked answers to the pointer: it takes on the colour of its text. In a
+// table with alternating rows a fainter wash does.
+enum class Wash { none, hovered, hoveredInTable, pressed };
+[[nodiscard]] QColor washColor(const QPalette& palette, Wash wash);
+// The wash over all of `rect`, with small round corners. Below the row's text.
+void drawRowWash(QPainter& painter, const QRect& rect, const QPalette& palette, Wash wash);
 
 void drawPushButtonPanel(QPainter& painter, const QStyleOptionButton& button);
 void drawPushButtonLabel(QPainter& painter, const QStyleOptionButton& button,

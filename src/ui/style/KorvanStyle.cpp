@@ -8,8 +8,6 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
-#include <QDialog>
-#include <QFontInfo>
 #include <QHeaderView>
 #include <QPainter>
 #include <QPlainTextEdit>
@@ -18,20 +16,10 @@
 #include <QStyleOption>
 #include <QTextEdit>
 #include <QToolButton>
-#include <algorithm>
 
 namespace korvan {
 
 namespace {
-
-constexpr int kControlHeight = 28;
-constexpr int kRowHeight = 28;
-constexpr int kPadding = 10;      // beside a control's label
-constexpr int kDialogButton = 88; // least width of a button in a dialog
-constexpr int kFieldFrame = 4;    // keeps a square content clear of the round corners
-constexpr int kFieldPadding = 6;  // beside a field's text
-constexpr int kComboArrow = 24;
-constexpr int kLeastSlider = 32;
 
 // Frames that are drawn round, like a line edit's.
 bool isField(const QWidget* widget) { return qobject_cast<const QAbstractScrollArea*>(widget); }
@@ -80,145 +68,9 @@ QStyleOptionMenuItem unmarkedItem(const QStyleOptionMenuItem& item, QPainter& pa
     return plain;
 }
 
-QRect sliderRect(const QStyleOptionSlider& bar) {
-    const bool isHorizontal = bar.orientation == Qt::Horizontal;
-    const int groove = isHorizontal ? bar.rect.width() : bar.rect.height();
-    const qint64 range = qint64{bar.maximum} - bar.minimum;
-    int length = groove;
-    if (range > 0) {
-        length = static_cast<int>(qint64{groove} * bar.pageStep / (range + bar.pageStep));
-        length = std::min(std::max(length, kLeastSlider), groove);
-    }
-    const int begin = QStyle::sliderPositionFromValue(bar.minimum, bar.maximum, bar.sliderPosition,
-                                                      groove - length, bar.upsideDown);
-    return isHorizontal ? QRect(bar.rect.left() + begin, bar.rect.top(), length, bar.rect.height())
-                        : QRect(bar.rect.left(), bar.rect.top() + begin, bar.rect.width(), length);
-}
-
-QRect scrollBarPart(const QStyleOptionSlider& bar, QStyle::SubControl part) {
-    const auto slider = sliderRect(bar);
-    const bool isHorizontal = bar.orientation == Qt::Horizontal;
-    auto before = bar.rect;
-    auto after = bar.rect;
-    if (isHorizontal) {
-        before.setRight(slider.left() - 1);
-        after.setLeft(slider.right() + 1);
-    } else {
-        before.setBottom(slider.top() - 1);
-        after.setTop(slider.bottom() + 1);
-    }
-    switch (part) {
-    case QStyle::SC_ScrollBarGroove: return bar.rect;
-    case QStyle::SC_ScrollBarSlider: return slider;
-    case QStyle::SC_ScrollBarSubPage: return before;
-    case QStyle::SC_ScrollBarAddPage: return after;
-    default: return {}; // no buttons at the ends
-    }
-}
-
-QPalette lightPalette() {
-    QPalette palette(QColor(0xfcfcfd), QColor(0xf3f3f5));
-    const QColor text(0x1e1e22);
-    const QColor pale(0xa4a4ab);
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-        palette.setColor(role, text);
-        palette.setColor(QPalette::Disabled, role, pale);
-    }
-    palette.setColor(QPalette::Base, Qt::white);
-    palette.setColor(QPalette::Disabled, QPalette::Base, QColor(0xf6f6f8));
-    palette.setColor(QPalette::AlternateBase, QColor(0xf8f8fa));
-    palette.setColor(QPalette::Highlight, QColor(0x2b65d9));
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    palette.setColor(QPalette::Inactive, QPalette::Highlight, QColor(0xd7dae1));
-    palette.setColor(QPalette::Inactive, QPalette::HighlightedText, text);
-    palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(0xd7dae1));
-    palette.setColor(QPalette::Disabled, QPalette::HighlightedText, pale);
-    palette.setColor(QPalette::PlaceholderText, QColor(0x74747c));
-    palette.setColor(QPalette::ToolTipBase, Qt::white);
-    palette.setColor(QPalette::ToolTipText, text);
-    palette.setColor(QPalette::Link, QColor(0x2b65d9));
-    return palette;
-}
-
-// Greys as neutral as the light ones. Lists lie deeper than the window, as they lie higher there.
-QPalette darkPalette() {
-    QPalette palette(QColor(0x36363b), QColor(0x27272a));
-    const QColor text(0xe9e9ed);
-    const QColor pale(0x77777f);
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-        palette.setColor(role, text);
-        palette.setColor(QPalette::Disabled, role, pale);
-    }
-    palette.setColor(QPalette::Base, QColor(0x1e1e20));
-    palette.setColor(QPalette::Disabled, QPalette::Base, QColor(0x242427));
-    palette.setColor(QPalette::AlternateBase, QColor(0x232326));
-    palette.setColor(QPalette::Highlight, QColor(0x3a70dc));
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    palette.setColor(QPalette::Inactive, QPalette::Highlight, QColor(0x43454c));
-    palette.setColor(QPalette::Inactive, QPalette::HighlightedText, text);
-    palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(0x43454c));
-    palette.setColor(QPalette::Disabled, QPalette::HighlightedText, pale);
-    palette.setColor(QPalette::PlaceholderText, QColor(0x9a9aa2));
-    palette.setColor(QPalette::ToolTipBase, QColor(0x36363b));
-    palette.setColor(QPalette::ToolTipText, text);
-    palette.setColor(QPalette::Link, QColor(0x86adff));
-    return palette;
-}
-
-// In GNOME's palette, as Qt makes it out, nothing tells a list from the window around it, and a
-// window that waits for its sheet is hard to read. Black and white stay what they are.
-void addDepth(QPalette& palette) {
-    const auto window = palette.color(QPalette::Active, QPalette::Window);
-    if (palette.color(QPalette::Active, QPalette::Base) != window) return;
-    const auto base = isDark(palette) ? window.darker(130) : QColor(Qt::white);
-    palette.setColor(QPalette::Active, QPalette::Base, base);
-    palette.setColor(QPalette::Inactive, QPalette::Base, base);
-    palette.setColor(QPalette::AlternateBase, mixed(base, window, 0.5));
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-        palette.setColor(QPalette::Inactive, role, palette.color(QPalette::Active, role));
-    }
-}
-
-// Asks the desktop, and then the style, again. A palette that Qt's theme for GNOME has for fields
-// alone would not fit the others.
-void renewPalette() {
-    QApplication::setPalette(QPalette());
-    QApplication::setPalette(QApplication::palette(), "QLineEdit");
-}
-
 } // namespace
 
 KorvanStyle::KorvanStyle() : QProxyStyle(QStringLiteral("fusion")), m_font(QApplication::font()) {}
-
-void KorvanStyle::setScheme(Scheme scheme) {
-    if (scheme == m_scheme && m_isPaletteSet) return;
-    m_scheme = scheme;
-    m_isPaletteSet = true;
-    renewPalette();
-}
-
-void KorvanStyle::setFont(const QFont& font) {
-    m_font = font;
-    if (font != QApplication::font()) QApplication::setFont(font);
-}
-
-QPalette KorvanStyle::standardPalette() const {
-    return m_scheme == Scheme::dark ? darkPalette() : lightPalette();
-}
-
-// Where a desktop brings no palette, the toolkit offers Fusion's as if it were the desktop's. And
-// GNOME's, as Qt makes it out, does not become dark with the desktop.
-void KorvanStyle::polish(QPalette& palette) {
-    const auto fusion = QProxyStyle::standardPalette();
-    const auto isFusion = [&](QPalette::ColorRole role) {
-        return palette.color(QPalette::Active, role) == fusion.color(QPalette::Active, role);
-    };
-    const bool isNone =
-        isFusion(QPalette::Window) && isFusion(QPalette::Base) && isFusion(QPalette::Highlight);
-    const bool isTooLight = m_scheme == Scheme::dark && !isDark(palette);
-    if (isNone || isTooLight) palette = standardPalette();
-    addDepth(palette);
-}
 
 void KorvanStyle::polish(QWidget* widget) {
     QProxyStyle::polish(widget);
@@ -228,64 +80,6 @@ void KorvanStyle::polish(QWidget* widget) {
     }
     if (qobject_cast<QScrollBar*>(widget) || qobject_cast<QComboBox*>(widget)) {
         widget->setAttribute(Qt::WA_Hover);
-    }
-}
-
-// Of a new font of the desktop, Qt tells the windows alone. Whatever has a font of its own, taken
-// from the desktop's in another size, would stay as it is.
-bool KorvanStyle::eventFilter(QObject* window, QEvent* event) {
-    if (event->type() == QEvent::ThemeChange) {
-        keepProportionalFont();
-        renewPalette();
-    } else if (event->type() == QEvent::ApplicationFontChange) {
-        for (auto* widget : window->findChildren<QWidget*>()) {
-            if (!widget->isWindow()) QCoreApplication::sendEvent(widget, event);
-        }
-    }
-    return QProxyStyle::eventFilter(window, event);
-}
-
-// When GNOME's colours change, Qt 6.8 takes that desktop's font for code for the one of all texts.
-// Who really chooses such a font has it from the next start on.
-void KorvanStyle::keepProportionalFont() {
-    const auto font = QApplication::font();
-    if (QFontInfo(font).fixedPitch() && !QFontInfo(m_font).fixedPitch()) {
-        QApplication::setFont(m_font);
-    } else {
-        m_font = font;
-    }
-}
-
-int KorvanStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
-                             const QWidget* widget) const {
-    switch (metric) {
-    case PM_DefaultFrameWidth: return isField(widget) ? kFieldFrame : 1;
-    case PM_ButtonIconSize:
-    case PM_SmallIconSize:
-    case PM_ListViewIconSize:
-    case PM_IndicatorWidth:
-    case PM_IndicatorHeight: return 16;
-    case PM_ButtonDefaultIndicator:
-    case PM_ButtonShiftHorizontal:
-    case PM_ButtonShiftVertical: return 0;
-    case PM_FocusFrameHMargin: return 7; // beside the text of a row
-    case PM_HeaderMargin: return 8;
-    case PM_HeaderDefaultSectionSizeVertical: return kRowHeight;
-    case PM_ScrollBarExtent: return 12;
-    case PM_ScrollBarSliderMin: return kLeastSlider;
-    case PM_ScrollView_ScrollBarSpacing:
-    case PM_ScrollView_ScrollBarOverlap: return 0;
-    case PM_SplitterWidth: // drawn as a hairline; the toolkit widens what can be grabbed
-    case PM_MenuPanelWidth: return 1;
-    case PM_MenuHMargin:
-    case PM_MenuVMargin: return 4;
-    case PM_MenuBarPanelWidth: return 0;
-    case PM_MenuBarHMargin:
-    case PM_MenuBarVMargin: return 2;
-    case PM_ToolTipLabelFrameWidth: return 6;
-    case PM_LayoutHorizontalSpacing:
-    case PM_LayoutVerticalSpacing: return 8;
-    default: return QProxyStyle::pixelMetric(metric, option, widget);
     }
 }
 
@@ -306,42 +100,6 @@ int KorvanStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWi
     }
 }
 
-QSize KorvanStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
-                                    const QSize& contents, const QWidget* widget) const {
-    const int height = std::max(kControlHeight, option ? option->fontMetrics.height() + 12 : 0);
-    switch (type) {
-    case CT_PushButton: {
-        const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
-        const bool isPlain =
-            button && button->icon.isNull() && !button->features.testFlag(QStyleOptionButton::Flat);
-        const bool isInDialog = widget && qobject_cast<const QDialog*>(widget->window());
-        const int width = contents.width() + 2 * kPadding + (isPlain ? 2 : 4);
-        return {isPlain && isInDialog ? std::max(width, kDialogButton) : width, height};
-    }
-    case CT_ToolButton: {
-        const auto* button = qstyleoption_cast<const QStyleOptionToolButton*>(option);
-        const bool isSymbol = button && button->toolButtonStyle == Qt::ToolButtonIconOnly;
-        return isSymbol ? QSize(std::max(contents.width() + 10, kControlHeight), kControlHeight)
-                        : QProxyStyle::sizeFromContents(type, option, contents, widget);
-    }
-    case CT_LineEdit: return {contents.width() + 2 * kFieldPadding, height};
-    case CT_ComboBox: return {contents.width() + kPadding + kComboArrow, height};
-    case CT_ItemViewItem:
-    case CT_HeaderSection: {
-        const auto size = QProxyStyle::sizeFromContents(type, option, contents, widget);
-        return {size.width(), std::max(size.height(), kRowHeight)};
-    }
-    case CT_MenuItem: {
-        const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
-        const auto size = QProxyStyle::sizeFromContents(type, option, contents, widget);
-        const bool isText = item && item->menuItemType != QStyleOptionMenuItem::Separator;
-        return isText ? QSize(size.width() + kPadding, std::max(size.height(), kRowHeight)) : size;
-    }
-    case CT_MenuBarItem: return {contents.width() + 2 * kPadding - 2, height - 2};
-    default: return QProxyStyle::sizeFromContents(type, option, contents, widget);
-    }
-}
-
 QIcon KorvanStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,
                                 const QWidget* widget) const {
     // Also spares the start a walk through the desktop's icon theme and the plug-ins for pictures:
@@ -352,38 +110,6 @@ QIcon KorvanStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,
     case SP_ToolBarHorizontalExtensionButton: return symbol(QStringLiteral("chevron.right.2"));
     default: return QProxyStyle::standardIcon(icon, option, widget);
     }
-}
-
-QRect KorvanStyle::subElementRect(SubElement element, const QStyleOption* option,
-                                  const QWidget* widget) const {
-    switch (element) {
-    case SE_PushButtonContents: return option->rect.adjusted(kPadding, 0, -kPadding, 0);
-    case SE_LineEditContents: {
-        const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
-        const int padding = frame && frame->lineWidth > 0 ? kFieldPadding : 0;
-        return option->rect.adjusted(padding, 0, -padding, 0);
-    }
-    default: return QProxyStyle::subElementRect(element, option, widget);
-    }
-}
-
-QRect KorvanStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
-                                  SubControl part, const QWidget* widget) const {
-    if (control == CC_ScrollBar) {
-        if (const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option)) {
-            return visualRect(bar->direction, bar->rect, scrollBarPart(*bar, part));
-        }
-    }
-    if (control == CC_ComboBox && (part == SC_ComboBoxEditField || part == SC_ComboBoxArrow)) {
-        auto rect = option->rect;
-        if (part == SC_ComboBoxArrow) {
-            rect.setLeft(rect.right() - kComboArrow + 1);
-        } else {
-            rect.adjust(kPadding - 1, 2, -kComboArrow, -2);
-        }
-        return visualRect(option->direction, option->rect, rect);
-    }
-    return QProxyStyle::subControlRect(control, option, part, widget);
 }
 
 void KorvanStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,

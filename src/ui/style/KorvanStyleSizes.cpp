@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: MIT
+//
+// How large controls are and where their parts lie.
+#include "ui/style/KorvanStyle.h"
+
+#include <QAbstractScrollArea>
+#include <QDialog>
+#include <QStyleOption>
+#include <algorithm>
+
+namespace korvan {
+
+namespace {
+
+constexpr int kControlHeight = 28;
+constexpr int kRowHeight = 28;
+constexpr int kPadding = 10;      // beside a control's label
+constexpr int kDialogButton = 88; // least width of a button in a dialog
+constexpr int kFieldFrame = 4;    // keeps a square content clear of the round corners
+constexpr int kFieldPadding = 6;  // beside a field's text
+constexpr int kComboArrow = 24;
+constexpr int kLeastSlider = 32;
+
+QRect sliderRect(const QStyleOptionSlider& bar) {
+    const bool isHorizontal = bar.orientation == Qt::Horizontal;
+    const int groove = isHorizontal ? bar.rect.width() : bar.rect.height();
+    const qint64 range = qint64{bar.maximum} - bar.minimum;
+    int length = groove;
+    if (range > 0) {
+        length = static_cast<int>(qint64{groove} * bar.pageStep / (range + bar.pageStep));
+        length = std::min(std::max(length, kLeastSlider), groove);
+    }
+    const int begin = QStyle::sliderPositionFromValue(bar.minimum, bar.maximum, bar.sliderPosition,
+                                                      groove - length, bar.upsideDown);
+    return isHorizontal ? QRect(bar.rect.left() + begin, bar.rect.top(), length, bar.rect.height())
+                        : QRect(bar.rect.left(), bar.rect.top() + begin, bar.rect.width(), length);
+}
+
+QRect scrollBarPart(const QStyleOptionSlider& bar, QStyle::SubControl part) {
+    const auto slider = sliderRect(bar);
+    const bool isHorizontal = bar.orientation == Qt::Horizontal;
+    auto before = bar.rect;
+    auto after = bar.rect;
+    if (isHorizontal) {
+        before.setRight(slider.left() - 1);
+        after.setLeft(slider.right() + 1);
+    } else {
+        before.setBottom(slider.top() - 1);
+        after.setTop(slider.bottom() + 1);
+    }
+    switch (part) {
+    case QStyle::SC_ScrollBarGroove: return bar.rect;
+    case QStyle::SC_ScrollBarSlider: return slider;
+    case QStyle::SC_ScrollBarSubPage: return before;
+    case QStyle::SC_ScrollBarAddPage: return after;
+    default: return {}; // no buttons at the ends
+    }
+}
+
+} // namespace
+
+int KorvanStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
+                             const QWidget* widget) const {
+    switch (metric) {
+    case PM_DefaultFrameWidth:
+        return qobject_cast<const QAbstractScrollArea*>(widget) ? kFieldFrame : 1;
+    case PM_ButtonIconSize:
+    case PM_SmallIconSize:
+    case PM_ListViewIconSize:
+    case PM_IndicatorWidth:
+    case PM_IndicatorHeight: return 16;
+    case PM_ButtonDefaultIndicator:
+    case PM_ButtonShiftHorizontal:
+    case PM_ButtonShiftVertical: return 0;
+    case PM_FocusFrameHMargin: return 7; // beside the text of a row
+    case PM_HeaderMargin: return 8;
+    case PM_HeaderDefaultSectionSizeVertical: return kRowHeight;
+    case PM_ScrollBarExtent: return 12;
+    case PM_ScrollBarSliderMin: return kLeastSlider;
+    case PM_ScrollView_ScrollBarSpacing:
+    case PM_ScrollView_ScrollBarOverlap: return 0;
+    case PM_SplitterWidth: // drawn as a hairline; the toolkit widens what can be grabbed
+    case PM_MenuPanelWidth: return 1;
+    case PM_MenuHMargin:
+    case PM_MenuVMargin: return 4;
+    case PM_MenuBarPanelWidth: return 0;
+    case PM_MenuBarHMargin:
+    case PM_MenuBarVMargin: return 2;
+    case PM_ToolTipLabelFrameWidth: return 6;
+    case PM_LayoutHorizontalSpacing:
+    case PM_LayoutVerticalSpacing: return 8;
+    default: return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+}
+
+QSize KorvanStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
+                                    const QSize& contents, const QWidget* widget) const {
+    const int height = std::max(kControlHeight, option ? option->fontMetrics.height() + 12 : 0);
+    switch (type) {
+    case CT_PushButton: {
+        const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+        const bool isPlain =
+            button && button->icon.isNull() && !button->features.testFlag(QStyleOptionButton::Flat);
+        const bool isInDialog = widget && qobject_cast<const QDialog*>(widget->window());
+        const int width = contents.width() + 2 * kPadding + (isPlain ? 2 : 4);
+        return {isPlain && isInDialog ? std::max(width, kDialogButton) : width, height};
+    }
+    case CT_ToolButton: {
+        const auto* button = qstyleoption_cast<const QStyleOptionToolButton*>(option);
+        const bool isSymbol = button && button->toolButtonStyle == Qt::ToolButtonIconOnly;
+        return isSymbol ? QSize(std::max(contents.width() + 10, kControlHeight), kControlHeight)
+                        : QProxyStyle::sizeFromContents(type, option, contents, widget);
+    }
+    case CT_LineEdit: return {contents.width() + 2 * kFieldPadding, height};
+    case CT_ComboBox: return {contents.width() + kPadding + kComboArrow, height};
+    case CT_ItemViewItem:
+    case CT_HeaderSection: {
+        const auto size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+        return {size.width(), std::max(size.height(), kRowHeight)};
+    }
+    case CT_MenuItem: {
+        const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+        const auto size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+        const bool isText = item && item->menuItemType != QStyleOptionMenuItem::Separator;
+        return isText ? QSize(size.width() + kPadding, std::max(size.height(), kRowHeight)) : size;
+    }
+    case CT_MenuBarItem: return {contents.width() + 2 * kPadding - 2, height - 2};
+    default: return QProxyStyle::sizeFromContents(type, option, contents, widget);
+    }
+}
+
+QRect KorvanStyle::subElementRect(SubElement element, const QStyleOption* option,
+                                  const QWidget* widget) const {
+    switch (element) {
+    case SE_PushButtonContents: return option->rect.adjusted(kPadding, 0, -kPadding, 0);
+    case SE_LineEditContents: {
+        const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+        const int padding = frame && frame->lineWidth > 0 ? kFieldPadding : 0;
+        return option->rect.adjusted(padding, 0, -padding, 0);
+    }
+    default: return QProxyStyle::subElementRect(element, option, widget);
+    }
+}
+
+QRect KorvanStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                                  SubControl part, const QWidget* widget) const {
+    if (control == CC_ScrollBar) {
+        if (const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option)) {
+            return visualRect(bar->direction, bar->rect, scrollBarPart(*bar, part));
+        }
+    }
+    if (control == CC_ComboBox && (part == SC_ComboBoxEditField || part == SC_ComboBoxArrow)) {
+        auto rect = option->rect;
+        if (part == SC_ComboBoxArrow) {
+            rect.setLeft(rect.right() - kComboArrow + 1);
+        } else {
+            rect.adjust(kPadding - 1, 2, -kComboArrow, -2);
+        }
+        return visualRect(option->direction, option->rect, rect);
+    }
+    return QProxyStyle::subControlRect(control, option, part, widget);
+}
+
+} // namespace korvan
