@@ -20,6 +20,7 @@ const QString kInterface = QStringLiteral("org.freedesktop.portal.Settings");
 
 const QString kAppearance = QStringLiteral("org.freedesktop.appearance");
 const QString kColorScheme = QStringLiteral("color-scheme");
+const QString kContrast = QStringLiteral("contrast");
 const QString kGnome = QStringLiteral("org.gnome.desktop.interface");
 const QString kEnableAnimations = QStringLiteral("enable-animations");
 const QString kFontName = QStringLiteral("font-name");
@@ -44,6 +45,7 @@ DesktopSettings::DesktopSettings(const QDBusConnection& bus) {
     connection.connect(QString(), kPath, kInterface, QStringLiteral("SettingChanged"), this,
                        SLOT(follow(QString, QString, QDBusVariant)));
     ask(connection, kAppearance, kColorScheme);
+    ask(connection, kAppearance, kContrast);
     ask(connection, kGnome, kEnableAnimations);
     ask(connection, kKde, kDurationFactor);
     if (!isOnGnome()) return;
@@ -123,6 +125,8 @@ void DesktopSettings::takeNumber(const QString& group, const QString& key, doubl
         m_colorScheme = number == 1   ? ColorScheme::dark
                         : number == 2 ? ColorScheme::light
                                       : ColorScheme::none;
+    } else if (group == kAppearance && key == kContrast) {
+        m_wantsMoreContrast = number == 1;
     } else if (group == kGnome && key == kEnableAnimations) {
         m_isAnimated = number != 0;
     } else if (group == kGnome && key == kTextScale) {

@@ -13,9 +13,9 @@ class QDBusVariant;
 
 namespace korvan {
 
-// What the desktop's user wants of the looks of all programs: dark or light, whether things may
-// move, and on GNOME the font, of which Qt hears nothing there. Asked for over the session bus, at
-// the settings portal, which every desktop has.
+// What the desktop's user wants of the looks of all programs: dark or light, with more contrast,
+// whether things may move, and on GNOME the font, of which Qt hears nothing there. Asked for over
+// the session bus, at the settings portal, which every desktop has.
 //
 // Making one only sends the questions. Until an answer comes, and where none ever does, the values
 // are the defaults; from then on they follow the user's choice.
@@ -32,6 +32,7 @@ public:
 
     // What the user prefers; none where he has no preference.
     [[nodiscard]] ColorScheme colorScheme() const { return m_colorScheme; }
+    [[nodiscard]] bool wantsMoreContrast() const { return m_wantsMoreContrast; }
     [[nodiscard]] bool reducesMotion() const { return !m_isAnimated || m_durationFactor == 0; }
     // The font of all texts, enlarged as the user wants them; nothing on other desktops than GNOME.
     [[nodiscard]] std::optional<QFont> font() const;
@@ -57,6 +58,7 @@ private:
 
     std::vector<Question> m_questions;
     ColorScheme m_colorScheme = ColorScheme::none;
+    bool m_wantsMoreContrast = false;
     bool m_isAnimated = true;    // as GNOME keeps it
     double m_durationFactor = 1; // as KDE keeps it
     QString m_fontName;          // as GNOME keeps it: family, style and size in points

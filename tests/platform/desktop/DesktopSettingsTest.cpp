@@ -69,12 +69,15 @@ TEST(DesktopSettings, FollowWhatTheUserChooses) {
         });
     };
     EXPECT_TRUE(becomes(dark, true));
+    EXPECT_TRUE(settings.wantsMoreContrast());
     portal.change(u"org.kde.kdeglobals.KDE"_s, kFactor, u"0.5"_s);
     EXPECT_TRUE(becomes(dark, false));
     portal.change(u"org.gnome.desktop.interface"_s, u"enable-animations"_s, false);
     EXPECT_TRUE(becomes(dark, true));
     portal.change(u"org.freedesktop.appearance"_s, u"color-scheme"_s, 2U);
     EXPECT_TRUE(becomes(light, true));
+    portal.change(u"org.freedesktop.appearance"_s, u"contrast"_s, 0U);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !settings.wantsMoreContrast(); }));
 
     const auto gnome = u"org.gnome.desktop.interface"_s;
     const auto hasFont = [&](const std::optional<QFont>& font) {
