@@ -42,6 +42,8 @@ void speakGerman(QApplication& application, QTranslator& translator) {
 }
 
 void follow(const DesktopSettings& settings, KorvanStyle& style) {
+    style.setContrast(settings.wantsMoreContrast() ? KorvanStyle::Contrast::high
+                                                   : KorvanStyle::Contrast::usual);
     style.setScheme(settings.colorScheme() == DesktopSettings::ColorScheme::dark
                         ? KorvanStyle::Scheme::dark
                         : KorvanStyle::Scheme::light);

@@ -20,7 +20,6 @@ namespace korvan {
 namespace {
 
 constexpr auto kButtonColor = "korvanButtonColor";
-constexpr QSize kSymbolSize(16, 16);
 
 class Separator final : public QWidget {
 public:
@@ -203,7 +202,6 @@ QStringList elidedLines(const QString& text, const QFont& font, int width, int l
 QPushButton* makeButton(const QString& symbolIdentifier, const QString& label,
                         SemanticColor color) {
     auto* button = new QPushButton(symbol(symbolIdentifier, color), label);
-    button->setIconSize(kSymbolSize);
     setButtonColor(*button, color);
     return button;
 }
@@ -227,7 +225,6 @@ QToolButton* makeSymbolButton(const QString& symbolIdentifier, const QString& to
                               SemanticColor color) {
     auto* button = new QToolButton;
     button->setIcon(symbol(symbolIdentifier, color));
-    button->setIconSize(kSymbolSize);
     button->setAutoRaise(true);
     button->setToolTip(tooltip);
     button->setAccessibleName(tooltip);

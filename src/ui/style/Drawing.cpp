@@ -4,11 +4,13 @@
 #include "ui/style/Colors.h"
 #include "ui/style/Controls.h"
 #include "ui/style/Lines.h"
+#include "ui/style/Symbols.h"
 #include "ui/style/TextStyles.h"
 
 #include <QAbstractScrollArea>
 #include <QIcon>
 #include <QPainter>
+#include <QSplitter>
 #include <QStyle>
 #include <algorithm>
 #include <array>
@@ -19,6 +21,7 @@ namespace korvan {
 namespace {
 
 constexpr int kIconGap = 6;
+constexpr int kMenuPadding = 10; // beside the text of a menu's item
 
 // Saves the painter's state and puts it back, since styles share the painter of the widget.
 class Painting final {
@@ -134,6 +137,18 @@ void drawFocusRing(QPainter& painter, const QRect& rect, const QPalette& palette
     drawRing(painter, rect, color, lineWidth(painter, 2), radius);
 }
 
+void drawShadow(QPainter& painter, const QRectF& body, double radius, const QPalette& palette) {
+    const Painting painting(painter);
+    painter.setPen(Qt::NoPen);
+    // Many thin layers, so that it fades. On a dark ground it takes more to be seen.
+    painter.setBrush(QColor(0, 0, 0, isDark(palette) ? 8 : 3));
+    constexpr int fall = 2; // as if light came from above
+    for (int width = kShadow - fall; width > 0; --width) {
+        const auto layer = body.adjusted(-width, fall - width, width, fall + width);
+        painter.drawRoundedRect(layer, radius + width, radius + width);
+    }
+}
+
 QColor washColor(const QPalette& palette, Wash wash) {
     const bool isStrong = isHighContrast(palette);
     auto color = palette.color(QPalette::Active, QPalette::WindowText);
@@ -156,10 +171,9 @@ void drawPushButtonPanel(QPainter& painter, const QStyleOptionButton& button) {
     if (isFilled(button)) {
         const auto fill = fillOf(button);
         drawRounded(painter, button.rect, mixed(fill, Qt::black, emphasis(button)), {});
-        if (showsKeyboardFocus(button)) { // its own ring would not stand out from the fill
-            drawFocusRing(painter, button.rect, palette);
-            drawRounded(painter, QRectF(button.rect).adjusted(2, 2, -2, -2), {},
-                        textOn(fill, palette), kSmallRadius);
+        if (showsKeyboardFocus(button)) { // inside, as the accent would not stand out from it
+            drawFocusRing(painter, button.rect.adjusted(2, 2, -2, -2), palette, kSmallRadius,
+                          RingGround::selection);
         }
         return;
     }
@@ -258,6 +272,9 @@ void drawHeaderSection(QPainter& painter, const QStyleOption& header) {
     drawLine(painter, rect, Qt::BottomEdge, hairline(palette));
     const auto* section = qstyleoption_cast<const QStyleOptionHeader*>(&header);
     if (!section || section->orientation != Qt::Horizontal) return;
+    const bool isLast = section->position == QStyleOptionHeader::End ||
+                        section->position == QStyleOptionHeader::OnlyOneSection;
+    if (isLast) return; // what is beside the table has a line of its own
     const bool isLeftToRight = header.direction == Qt::LeftToRight;
     drawLine(painter, rect.adjusted(0, 6, 0, -6), isLeftToRight ? Qt::RightEdge : Qt::LeftEdge,
              hairline(palette));
@@ -301,14 +318,33 @@ void drawItemFocus(QPainter& painter, const QStyleOption& option) {
                   has(option, QStyle::State_Selected) ? RingGround::selection : RingGround::plain);
 }
 
+void drawSplitterLine(QPainter& painter, const QStyleOption& handle, const QWidget* widget) {
+    painter.fillRect(handle.rect, handle.palette.color(QPalette::Window));
+    const auto* splitter =
+        widget ? qobject_cast<const QSplitter*>(widget->parentWidget()) : nullptr;
+    // Of a handle, the child before it is the one with the same index, less one.
+    const QWidget* before = nullptr;
+    for (int i = 1; splitter && i < splitter->count(); ++i) {
+        if (splitter->handle(i) == widget) before = splitter->widget(i - 1);
+    }
+    const auto* area = qobject_cast<const QAbstractScrollArea*>(before);
+    if (area && area->frameWidth() > 0) return; // which has a line of its own
+    const bool isWindowBefore = before && before->autoFillBackground();
+    const bool isUpright = has(handle, QStyle::State_Horizontal);
+    const auto edge = isWindowBefore ? (isUpright ? Qt::RightEdge : Qt::BottomEdge)
+                                     : (isUpright ? Qt::LeftEdge : Qt::TopEdge);
+    drawLine(painter, handle.rect, edge, hairline(handle.palette));
+}
+
 QColor scrollGround(const QPalette& palette, const QWidget* widget) {
     for (; widget; widget = widget->parentWidget()) {
         const auto* area = qobject_cast<const QAbstractScrollArea*>(widget);
         if (!area) continue;
         const auto* viewport = area->viewport();
+        if (!viewport->autoFillBackground()) break; // the window shows through
         return viewport->palette().color(viewport->backgroundRole());
     }
-    return palette.color(QPalette::Base);
+    return palette.color(QPalette::Window);
 }
 
 void drawScrollBar(QPainter& painter, const QStyleOptionSlider& bar, const QRect& slider,
@@ -330,6 +366,41 @@ void drawMenuSelection(QPainter& painter, const QRect& rect, const QPalette& pal
                 kSmallRadius);
 }
 
+bool isTextItem(const QStyleOptionMenuItem& item) {
+    const bool hasText = item.menuItemType == QStyleOptionMenuItem::Normal ||
+                         item.menuItemType == QStyleOptionMenuItem::DefaultItem ||
+                         item.menuItemType == QStyleOptionMenuItem::SubMenu;
+    return hasText && item.maxIconWidth == 0 && !item.menuHasCheckableItems;
+}
+
+void drawTextItem(QPainter& painter, const QStyleOptionMenuItem& item) {
+    const Painting painting(painter);
+    auto palette = item.palette;
+    const bool isEnabled = has(item, QStyle::State_Enabled);
+    palette.setCurrentColorGroup(isEnabled ? QPalette::Active : QPalette::Disabled);
+    const bool isMarked = isEnabled && has(item, QStyle::State_Selected);
+    if (isMarked) drawMenuSelection(painter, item.rect, palette);
+    const auto text = palette.color(isMarked ? QPalette::HighlightedText : QPalette::Text);
+    painter.setPen(text);
+    painter.setFont(item.font);
+    const auto place = item.rect.adjusted(kMenuPadding, 0, -kMenuPadding, 0);
+    const auto draw = [&](Qt::Alignment side, const QString& part) {
+        const auto alignment = QStyle::visualAlignment(item.direction, side | Qt::AlignVCenter);
+        painter.drawText(place,
+                         static_cast<int>(alignment) | Qt::TextSingleLine | Qt::TextShowMnemonic |
+                             Qt::TextDontClip,
+                         part);
+    };
+    const auto tab = item.text.indexOf(u'\t');
+    draw(Qt::AlignLeft, item.text.left(tab));
+    if (tab >= 0) draw(Qt::AlignRight, item.text.mid(tab + 1));
+    if (item.menuItemType != QStyleOptionMenuItem::SubMenu) return;
+    QStyleOption arrow = item;
+    arrow.rect.setLeft(place.right() - kMenuPadding);
+    arrow.palette.setColor(QPalette::WindowText, text);
+    drawArrow(painter, arrow, Qt::RightArrow);
+}
+
 void drawPopupPanel(QPainter& painter, const QStyleOption& option, QPalette::ColorRole ground) {
     painter.fillRect(option.rect, option.palette.color(ground));
     drawHairlineFrame(painter, option);
@@ -347,6 +418,8 @@ void drawArrow(QPainter& painter, const QStyleOption& option, Qt::ArrowType dire
                    : direction == Qt::LeftArrow  ? 90
                    : direction == Qt::RightArrow ? -90
                                                  : 0);
+    const double growth = symbolSize() / 16.0;
+    painter.scale(growth, growth);
     painter.drawPolyline(QPolygonF{QPointF(-3.5, -1.75), QPointF(0, 1.75), QPointF(3.5, -1.75)});
 }
 

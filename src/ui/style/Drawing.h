@@ -29,6 +29,10 @@ enum class RingGround { plain, selection };
 void drawFocusRing(QPainter& painter, const QRect& rect, const QPalette& palette,
                    double radius = kRadius, RingGround ground = RingGround::plain);
 
+// What makes `body`, a round rectangle, stand off from what it lies on. Needs kShadow around it.
+constexpr int kShadow = 14;
+void drawShadow(QPainter& painter, const QRectF& body, double radius, const QPalette& palette);
+
 // How a row that can be clicked answers to the pointer: it takes on the colour of its text. In a
 // table with alternating rows a fainter wash does.
 enum class Wash { none, hovered, hoveredInTable, pressed };
@@ -60,11 +64,17 @@ void drawItemFocus(QPainter& painter, const QStyleOption& option);
 // The bar without its buttons: they are left out.
 void drawScrollBar(QPainter& painter, const QStyleOptionSlider& bar, const QRect& slider,
                    const QWidget* widget);
+// The line of a splitter's handle, on the side where the ground beside it is not the window's.
+void drawSplitterLine(QPainter& painter, const QStyleOption& handle, const QWidget* widget);
 // The ground of a scroll bar and of the corner between two: that of what they scroll.
 [[nodiscard]] QColor scrollGround(const QPalette& palette, const QWidget* widget);
 
 // The mark of the item in a menu or a menu bar that the pointer is on.
 void drawMenuSelection(QPainter& painter, const QRect& rect, const QPalette& palette);
+// An item of a menu that has a text and nothing before it: no item of that menu has a symbol or can
+// be checked.
+[[nodiscard]] bool isTextItem(const QStyleOptionMenuItem& item);
+void drawTextItem(QPainter& painter, const QStyleOptionMenuItem& item);
 // The ground and the frame of a menu or a tooltip.
 void drawPopupPanel(QPainter& painter, const QStyleOption& option, QPalette::ColorRole ground);
 

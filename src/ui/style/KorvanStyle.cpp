@@ -2,7 +2,9 @@
 #include "ui/style/KorvanStyle.h"
 
 #include "ui/style/Colors.h"
+#include "ui/style/Dimming.h"
 #include "ui/style/Drawing.h"
+#include "ui/style/KeyboardFocus.h"
 #include "ui/style/Symbols.h"
 
 #include <QAbstractItemView>
@@ -16,6 +18,7 @@
 #include <QStyleOption>
 #include <QTextEdit>
 #include <QToolButton>
+#include <algorithm>
 
 namespace korvan {
 
@@ -28,28 +31,46 @@ bool isTextEdit(const QWidget* widget) {
     return qobject_cast<const QTextEdit*>(widget) || qobject_cast<const QPlainTextEdit*>(widget);
 }
 
-// The frame of a list or a text edit. A list that was clicked has its selection to show for it.
+// A list shows its focus on a row, so that there are never two rings; its frame only where there
+// is none.
+bool hasRow(const QWidget* area) {
+    if (const auto* view = qobject_cast<const QAbstractItemView*>(area))
+        return view->currentIndex().isValid();
+    const auto* viewport = static_cast<const QAbstractScrollArea*>(area)->viewport();
+    return std::ranges::any_of(viewport->children(), [](const QObject* child) {
+        const auto* row = qobject_cast<const QWidget*>(child);
+        return row && row->isVisible();
+    });
+}
+
+// The frame of a list or a text edit. A text that can only be read stands on the window itself, and
+// has no frame but its ring.
 void drawArea(QPainter& painter, const QStyleOption& option, const QWidget* widget) {
     QStyleOption area = option;
-    if (!isTextEdit(widget) && !option.state.testFlag(QStyle::State_KeyboardFocusChange)) {
-        area.state &= ~QStyle::State_HasFocus;
-    }
-    drawField(painter, area);
+    const bool isByKeyboard = option.state.testFlag(QStyle::State_KeyboardFocusChange);
+    const bool isText = isTextEdit(widget);
+    const bool isRead = isText && widget->property("readOnly").toBool();
+    const bool showsFocus = isText ? !isRead || isByKeyboard : isByKeyboard && !hasRow(widget);
+    if (!showsFocus) area.state &= ~QStyle::State_HasFocus;
+    if (!isRead) return drawField(painter, area);
+    if (area.state.testFlag(QStyle::State_HasFocus))
+        drawFocusRing(painter, area.rect, area.palette);
 }
 
 // Where a control asks for a mark of focus beside what it draws itself.
 void drawFocus(QPainter& painter, const QStyleOption& option, const QWidget* widget) {
-    if (qobject_cast<const QPushButton*>(widget) || qobject_cast<const QComboBox*>(widget)) {
-        return; // a part of their panels
-    }
+    if (!widget) return drawFocusRing(painter, option.rect, option.palette);
+    // The option claims the keyboard for every row; the window knows. In a list that pops up, the
+    // selection is mark enough.
+    const auto* window = widget->window();
+    if (!window->testAttribute(Qt::WA_KeyboardFocusChange)) return;
     if (qobject_cast<const QAbstractItemView*>(widget)) {
-        // A framed list shows its focus by the frame, as long as its current row is a selected one.
-        // The option claims the keyboard for every row; the window knows.
-        const bool isShown = isField(widget) && option.state.testFlag(QStyle::State_Selected);
-        const bool isByKeyboard = widget->window()->testAttribute(Qt::WA_KeyboardFocusChange);
-        if (isByKeyboard && !isShown) drawItemFocus(painter, option);
+        if (window->windowType() != Qt::Popup) drawItemFocus(painter, option);
         return;
     }
+    const bool isInPanel =
+        qobject_cast<const QPushButton*>(widget) || qobject_cast<const QComboBox*>(widget);
+    if (isInPanel) return;
     const bool isTool = qobject_cast<const QToolButton*>(widget);
     drawFocusRing(painter, isTool ? widget->rect() : option.rect, option.palette);
 }
@@ -68,9 +89,30 @@ QStyleOptionMenuItem unmarkedItem(const QStyleOptionMenuItem& item, QPainter& pa
     return plain;
 }
 
+// Of a new font of the desktop, Qt tells the windows alone. Whatever has a font of its own, taken
+// from the desktop's in another size, would stay as it is.
+void tellOfFont(const QWidget& window, QEvent& change) {
+    for (auto* widget : window.findChildren<QWidget*>()) {
+        if (!widget->isWindow()) QCoreApplication::sendEvent(widget, &change);
+    }
+}
+
+// Not every desktop draws a frame around a sheet that tells it from the window behind.
+void drawSheetEdge(QWidget& sheet) {
+    QPainter painter(&sheet);
+    QStyleOption option;
+    option.initFrom(&sheet);
+    drawHairlineFrame(painter, option);
+}
+
 } // namespace
 
 KorvanStyle::KorvanStyle() : QProxyStyle(QStringLiteral("fusion")), m_font(QApplication::font()) {}
+
+void KorvanStyle::polish(QApplication* application) {
+    QProxyStyle::polish(application);
+    if (!m_keyboardFocus) m_keyboardFocus = new KeyboardFocus(this);
+}
 
 void KorvanStyle::polish(QWidget* widget) {
     QProxyStyle::polish(widget);
@@ -81,6 +123,21 @@ void KorvanStyle::polish(QWidget* widget) {
     if (qobject_cast<QScrollBar*>(widget) || qobject_cast<QComboBox*>(widget)) {
         widget->setAttribute(Qt::WA_Hover);
     }
+}
+
+bool KorvanStyle::eventFilter(QObject* watched, QEvent* event) {
+    auto* window = static_cast<QWidget*>(watched);
+    switch (event->type()) {
+    case QEvent::ThemeChange: followTheme(); break;
+    case QEvent::ApplicationFontChange: tellOfFont(*window, *event); break;
+    case QEvent::WindowBlocked: Dimming::set(*window, Dimming::State::dimmed); break;
+    case QEvent::WindowUnblocked: Dimming::set(*window, Dimming::State::clear); break;
+    case QEvent::Paint:
+        if (window->isModal()) drawSheetEdge(*window);
+        break;
+    default: break;
+    }
+    return QProxyStyle::eventFilter(watched, event);
 }
 
 int KorvanStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
@@ -108,6 +165,23 @@ QIcon KorvanStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,
     case SP_LineEditClearButton:
         return symbol(QStringLiteral("xmark.circle.fill"), SemanticColor::secondary);
     case SP_ToolBarHorizontalExtensionButton: return symbol(QStringLiteral("chevron.right.2"));
+    // Those of the toolkit's own file panel.
+    case SP_ArrowBack:
+    case SP_FileDialogBack: return symbol(QStringLiteral("chevron.left"));
+    case SP_ArrowForward: return symbol(QStringLiteral("chevron.right"));
+    case SP_FileDialogToParent: return symbol(QStringLiteral("arrow.up"));
+    case SP_FileDialogNewFolder: return symbol(QStringLiteral("folder.badge.plus"));
+    case SP_FileDialogListView: return symbol(QStringLiteral("square.grid.2x2"));
+    case SP_FileDialogDetailedView: return symbol(QStringLiteral("list.bullet"));
+    case SP_DirIcon:
+    case SP_DirOpenIcon:
+    case SP_DirClosedIcon:
+    case SP_DirLinkIcon:
+    case SP_DirHomeIcon: return symbol(QStringLiteral("folder"));
+    case SP_FileIcon:
+    case SP_FileLinkIcon: return symbol(QStringLiteral("doc"));
+    case SP_ComputerIcon: return symbol(QStringLiteral("desktopcomputer"));
+    case SP_DriveHDIcon: return symbol(QStringLiteral("internaldrive"));
     default: return QProxyStyle::standardIcon(icon, option, widget);
     }
 }
@@ -155,6 +229,11 @@ void KorvanStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
 void KorvanStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                               const QWidget* widget) const {
     switch (element) {
+    case CE_PushButtonBevel: // a flat one has a panel, too: its wash, and its ring
+        if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option)) {
+            return drawPushButtonPanel(*painter, *button);
+        }
+        break;
     case CE_PushButtonLabel:
         if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option)) {
             return drawPushButtonLabel(*painter, *button, widget);
@@ -172,10 +251,10 @@ void KorvanStyle::drawControl(ControlElement element, const QStyleOption* option
             if (isRule(*frame)) return drawRule(*painter, *frame);
         }
         break;
-    case CE_Splitter:
-        return painter->fillRect(option->rect, colorFor(SemanticColor::separator, option->palette));
+    case CE_Splitter: return drawSplitterLine(*painter, *option, widget);
     case CE_MenuItem:
         if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option)) {
+            if (isTextItem(*item)) return drawTextItem(*painter, *item);
             // Fusion draws all but the mark, as it would an item without one.
             const auto plain = unmarkedItem(*item, *painter);
             return QProxyStyle::drawControl(element, &plain, painter, widget);

@@ -6,6 +6,8 @@
 
 namespace korvan {
 
+class KeyboardFocus;
+
 // How every control is drawn: flat and calm, on any desktop alike, with that desktop's palette and
 // font. Set once, on the application. Nothing that it draws moves by itself.
 //
@@ -29,6 +31,11 @@ public:
     // brings stays instead, but for a light one where dark is wished for.
     void setScheme(Scheme scheme);
 
+    enum class Contrast { usual, high };
+
+    // High contrast brings palettes of our own where the desktop's has less.
+    void setContrast(Contrast contrast);
+
     // The font of the application from now on, where the toolkit does not know the desktop's.
     void setFont(const QFont& font);
 
@@ -37,6 +44,7 @@ public:
 
     using QProxyStyle::polish;
     void polish(QPalette& palette) override;
+    void polish(QApplication* application) override;
     void polish(QWidget* widget) override;
     bool eventFilter(QObject* window, QEvent* event) override;
 
@@ -62,12 +70,15 @@ public:
                             QPainter* painter, const QWidget* widget) const override;
 
 private:
+    void followTheme();
     void keepProportionalFont();
 
     Motion m_motion = Motion::full;
     Scheme m_scheme = Scheme::light;
+    Contrast m_contrast = Contrast::usual;
     bool m_isPaletteSet = false;
-    QFont m_font; // the application's, as it was last
+    QFont m_font;                             // the application's, as it was last
+    KeyboardFocus* m_keyboardFocus = nullptr; // once this is the application's style
 };
 
 // How long a movement of `widget` takes, in milliseconds; 0 where nothing should move.

@@ -6,9 +6,7 @@
 #include "ui/style/Palettes.h"
 
 #include <QApplication>
-#include <QEvent>
 #include <QFontInfo>
-#include <QWidget>
 
 namespace korvan {
 
@@ -30,13 +28,21 @@ void KorvanStyle::setScheme(Scheme scheme) {
     renewPalette();
 }
 
+void KorvanStyle::setContrast(Contrast contrast) {
+    if (contrast == m_contrast) return;
+    m_contrast = contrast;
+    if (m_isPaletteSet) renewPalette();
+}
+
 void KorvanStyle::setFont(const QFont& font) {
     m_font = font;
     if (font != QApplication::font()) QApplication::setFont(font);
 }
 
 QPalette KorvanStyle::standardPalette() const {
-    return m_scheme == Scheme::dark ? darkPalette() : lightPalette();
+    const bool isHigh = m_contrast == Contrast::high;
+    if (m_scheme == Scheme::dark) return isHigh ? darkHighContrastPalette() : darkPalette();
+    return isHigh ? lightHighContrastPalette() : lightPalette();
 }
 
 // Where a desktop brings no palette, the toolkit offers Fusion's as if it were the desktop's. And
@@ -49,22 +55,16 @@ void KorvanStyle::polish(QPalette& palette) {
     const bool isNone =
         isFusion(QPalette::Window) && isFusion(QPalette::Base) && isFusion(QPalette::Highlight);
     const bool isTooLight = m_scheme == Scheme::dark && !isDark(palette);
-    if (isNone || isTooLight) palette = standardPalette();
+    const bool isTooFaint = m_contrast == Contrast::high && !isHighContrast(palette);
+    if (isNone || isTooLight || isTooFaint) palette = standardPalette();
     addDepth(palette);
+    keepVisible(palette);
 }
 
-// Of a new font of the desktop, Qt tells the windows alone. Whatever has a font of its own, taken
-// from the desktop's in another size, would stay as it is.
-bool KorvanStyle::eventFilter(QObject* window, QEvent* event) {
-    if (event->type() == QEvent::ThemeChange) {
-        keepProportionalFont();
-        renewPalette();
-    } else if (event->type() == QEvent::ApplicationFontChange) {
-        for (auto* widget : window->findChildren<QWidget*>()) {
-            if (!widget->isWindow()) QCoreApplication::sendEvent(widget, event);
-        }
-    }
-    return QProxyStyle::eventFilter(window, event);
+// Qt tells of a change to the desktop by windows alone.
+void KorvanStyle::followTheme() {
+    keepProportionalFont();
+    renewPalette();
 }
 
 // When GNOME's colours change, Qt 6.8 takes that desktop's font for code for the one of all texts.

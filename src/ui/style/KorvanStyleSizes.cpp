@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
 // How large controls are and where their parts lie.
+#include "ui/style/Drawing.h"
 #include "ui/style/KorvanStyle.h"
+#include "ui/style/Symbols.h"
 
 #include <QAbstractScrollArea>
 #include <QDialog>
@@ -15,11 +17,15 @@ namespace {
 constexpr int kControlHeight = 28;
 constexpr int kRowHeight = 28;
 constexpr int kPadding = 10;      // beside a control's label
+constexpr int kSymbolPadding = 6; // around a symbol that is all of a button
+constexpr int kShortcutGap = 24;  // between a menu item and its shortcut
 constexpr int kDialogButton = 88; // least width of a button in a dialog
 constexpr int kFieldFrame = 4;    // keeps a square content clear of the round corners
-constexpr int kFieldPadding = 6;  // beside a field's text
-constexpr int kComboArrow = 24;
+constexpr int kFieldPadding = 6;  // beside a field's text, and 2 more of the toolkit's own
 constexpr int kLeastSlider = 32;
+
+// The room for the arrow of a picker, and for that of a menu in a menu.
+int arrowRoom() { return symbolSize() * 3 / 2; }
 
 QRect sliderRect(const QStyleOptionSlider& bar) {
     const bool isHorizontal = bar.orientation == Qt::Horizontal;
@@ -68,7 +74,7 @@ int KorvanStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     case PM_SmallIconSize:
     case PM_ListViewIconSize:
     case PM_IndicatorWidth:
-    case PM_IndicatorHeight: return 16;
+    case PM_IndicatorHeight: return symbolSize();
     case PM_ButtonDefaultIndicator:
     case PM_ButtonShiftHorizontal:
     case PM_ButtonShiftVertical: return 0;
@@ -108,11 +114,12 @@ QSize KorvanStyle::sizeFromContents(ContentsType type, const QStyleOption* optio
     case CT_ToolButton: {
         const auto* button = qstyleoption_cast<const QStyleOptionToolButton*>(option);
         const bool isSymbol = button && button->toolButtonStyle == Qt::ToolButtonIconOnly;
-        return isSymbol ? QSize(std::max(contents.width() + 10, kControlHeight), kControlHeight)
+        const int side = std::max(contents.height() + 2 * kSymbolPadding, kControlHeight);
+        return isSymbol ? QSize(std::max(contents.width() + 10, side), side)
                         : QProxyStyle::sizeFromContents(type, option, contents, widget);
     }
     case CT_LineEdit: return {contents.width() + 2 * kFieldPadding, height};
-    case CT_ComboBox: return {contents.width() + kPadding + kComboArrow, height};
+    case CT_ComboBox: return {contents.width() + kPadding + arrowRoom(), height};
     case CT_ItemViewItem:
     case CT_HeaderSection: {
         const auto size = QProxyStyle::sizeFromContents(type, option, contents, widget);
@@ -120,6 +127,12 @@ QSize KorvanStyle::sizeFromContents(ContentsType type, const QStyleOption* optio
     }
     case CT_MenuItem: {
         const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+        if (item && isTextItem(*item)) {
+            const int shortcut = item->reservedShortcutWidth > 0 ? kShortcutGap : 0;
+            const int arrow = item->menuItemType == QStyleOptionMenuItem::SubMenu ? arrowRoom() : 0;
+            return {contents.width() + 2 * kPadding + shortcut + arrow,
+                    std::max(contents.height(), kRowHeight)};
+        }
         const auto size = QProxyStyle::sizeFromContents(type, option, contents, widget);
         const bool isText = item && item->menuItemType != QStyleOptionMenuItem::Separator;
         return isText ? QSize(size.width() + kPadding, std::max(size.height(), kRowHeight)) : size;
@@ -152,9 +165,9 @@ QRect KorvanStyle::subControlRect(ComplexControl control, const QStyleOptionComp
     if (control == CC_ComboBox && (part == SC_ComboBoxEditField || part == SC_ComboBoxArrow)) {
         auto rect = option->rect;
         if (part == SC_ComboBoxArrow) {
-            rect.setLeft(rect.right() - kComboArrow + 1);
+            rect.setLeft(rect.right() - arrowRoom() + 1);
         } else {
-            rect.adjust(kPadding - 1, 2, -kComboArrow, -2);
+            rect.adjust(kFieldPadding + 1, 2, -arrowRoom(), -2); // the toolkit adds one
         }
         return visualRect(option->direction, option->rect, rect);
     }

@@ -3,13 +3,46 @@
 
 #include "ui/style/Colors.h"
 
+#include <array>
+
 namespace korvan {
+
+namespace {
+
+constexpr std::array kTextRoles{QPalette::WindowText, QPalette::Text, QPalette::ButtonText};
+
+QPalette highContrastPalette(const QColor& ground, const QColor& text, const QColor& accent,
+                             const QColor& onAccent) {
+    QPalette palette(ground, ground);
+    for (const auto role : {QPalette::Base, QPalette::AlternateBase, QPalette::ToolTipBase})
+        palette.setColor(role, ground);
+    for (const auto role : kTextRoles) {
+        palette.setColor(role, text);
+        palette.setColor(QPalette::Disabled, role, ground); // what keepVisible makes of it
+    }
+    palette.setColor(QPalette::ToolTipText, text);
+    palette.setColor(QPalette::Highlight, accent);
+    palette.setColor(QPalette::HighlightedText, onAccent);
+    palette.setColor(QPalette::Link, accent);
+    keepVisible(palette);
+    return palette;
+}
+
+} // namespace
+
+QPalette lightHighContrastPalette() {
+    return highContrastPalette(Qt::white, Qt::black, QColor(0x0037a6), Qt::white);
+}
+
+QPalette darkHighContrastPalette() {
+    return highContrastPalette(Qt::black, Qt::white, QColor(0x7ab4ff), Qt::black);
+}
 
 QPalette lightPalette() {
     QPalette palette(QColor(0xfcfcfd), QColor(0xf3f3f5));
     const QColor text(0x1e1e22);
     const QColor pale(0xa4a4ab);
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    for (const auto role : kTextRoles) {
         palette.setColor(role, text);
         palette.setColor(QPalette::Disabled, role, pale);
     }
@@ -34,7 +67,7 @@ QPalette darkPalette() {
     QPalette palette(QColor(0x36363b), QColor(0x27272a));
     const QColor text(0xe9e9ed);
     const QColor pale(0x77777f);
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    for (const auto role : kTextRoles) {
         palette.setColor(role, text);
         palette.setColor(QPalette::Disabled, role, pale);
     }
@@ -63,9 +96,21 @@ void addDepth(QPalette& palette) {
     palette.setColor(QPalette::Active, QPalette::Base, base);
     palette.setColor(QPalette::Inactive, QPalette::Base, base);
     palette.setColor(QPalette::AlternateBase, mixed(base, window, 0.5));
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    for (const auto role : kTextRoles) {
         palette.setColor(QPalette::Inactive, role, palette.color(QPalette::Active, role));
     }
+}
+
+void keepVisible(QPalette& palette) {
+    if (!isHighContrast(palette)) return;
+    const auto window = palette.color(QPalette::Active, QPalette::Window);
+    const auto text = palette.color(QPalette::Active, QPalette::WindowText);
+    const auto pale = mixed(window, text, 0.55);
+    for (const auto role : kTextRoles) {
+        if (contrast(palette.color(QPalette::Disabled, role), window) < 4.5)
+            palette.setColor(QPalette::Disabled, role, pale);
+    }
+    palette.setColor(QPalette::PlaceholderText, mixed(window, text, 0.7));
 }
 
 } // namespace korvan

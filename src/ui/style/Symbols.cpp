@@ -2,6 +2,7 @@
 #include "ui/style/Symbols.h"
 
 #include <QFile>
+#include <QFontInfo>
 #include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
@@ -104,6 +105,12 @@ QIcon symbol(const QString& identifier, SemanticColor color) {
     initializeResources();
     const auto path = QStringLiteral(":/symbols/%1.svg").arg(identifier);
     return QFile::exists(path) ? QIcon(new SymbolEngine(path, color)) : QIcon();
+}
+
+int symbolSize() {
+    constexpr int usual = 16;
+    const int text = QFontInfo(QGuiApplication::font()).pixelSize();
+    return std::max(usual, qRound(1.2 * text));
 }
 
 QIcon applicationIcon() {

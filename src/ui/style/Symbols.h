@@ -14,6 +14,10 @@ namespace korvan {
 // gives an empty icon.
 [[nodiscard]] QIcon symbol(const QString& identifier, SemanticColor color = SemanticColor::primary);
 
+// The side of a symbol beside a text, in logical pixels: 16 at the usual size of texts, and growing
+// with them.
+[[nodiscard]] int symbolSize();
+
 // The program's own icon.
 [[nodiscard]] QIcon applicationIcon();
 
