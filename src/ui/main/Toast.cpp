@@ -5,6 +5,7 @@
 #include "ui/style/Controls.h"
 #include "ui/style/Drawing.h"
 #include "ui/style/KorvanStyle.h"
+#include "ui/style/Lines.h"
 #include "ui/style/Notice.h"
 #include "ui/style/Symbols.h"
 
@@ -25,8 +26,17 @@ constexpr int kSidePadding = 12;
 constexpr int kTopPadding = 10;
 constexpr int kMargin = 12; // keeps the note off the window's edges
 constexpr int kCornerRadius = 12;
-constexpr int kSymbolSize = 16;
 constexpr float kBackgroundOpacity = 0.94F;
+
+// A title may have line breaks, which would tear the note; a screen reader pauses at a blank, too.
+QString onOneLine(QString text) {
+    for (QChar& character : text) {
+        if (character.category() == QChar::Other_Control ||
+            (character.isSpace() && character != QChar::Nbsp))
+            character = u' ';
+    }
+    return text;
+}
 
 } // namespace
 
@@ -36,7 +46,8 @@ Toast::Toast(ContentView& view, QWidget* parent)
     setFocusPolicy(Qt::NoFocus);
     makeNotice(*this);
     auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(kSidePadding, kTopPadding, kSidePadding, kTopPadding);
+    layout->setContentsMargins(kShadow + kSidePadding, kShadow + kTopPadding,
+                               kShadow + kSidePadding, kShadow + kTopPadding);
     layout->setSpacing(kPartSpacing);
     layout->addWidget(m_symbol);
     layout->addWidget(m_text, 1);
@@ -53,7 +64,7 @@ Toast::Toast(ContentView& view, QWidget* parent)
 }
 
 void Toast::refresh() {
-    const QString text = toQString("In Zwischenablage: " + *m_view.lastCopiedText);
+    const QString text = onOneLine(toQString("In Zwischenablage: " + *m_view.lastCopiedText));
     const bool isNews = m_view.showCopiedToast && (!m_isShown || m_text->text() != text);
     if (m_view.showCopiedToast) m_text->setText(text);
     if (isNews) announce(*this, text);
@@ -79,11 +90,12 @@ void Toast::fadeTo(double opacity) {
 void Toast::place() {
     const QRect area = parentWidget()->rect().adjusted(kMargin, kMargin, -kMargin, -kMargin);
     // The label asks for no more width than it needs; a long title is cut instead.
-    const int wanted = m_text->fontMetrics().horizontalAdvance(m_text->text()) + 1 + kSymbolSize +
+    const int wanted = m_text->fontMetrics().horizontalAdvance(m_text->text()) + 1 + symbolSize() +
                        kPartSpacing + 2 * kSidePadding;
-    const QSize size(std::min(wanted, area.width()), sizeHint().height());
-    setGeometry(
-        QStyle::alignedRect(layoutDirection(), Qt::AlignHCenter | Qt::AlignBottom, size, area));
+    const QSize size(std::min(wanted, area.width()), sizeHint().height() - 2 * kShadow);
+    const QRect body =
+        QStyle::alignedRect(layoutDirection(), Qt::AlignHCenter | Qt::AlignBottom, size, area);
+    setGeometry(body.adjusted(-kShadow, -kShadow, kShadow, kShadow));
 }
 
 bool Toast::eventFilter(QObject* watched, QEvent* event) {
@@ -94,22 +106,27 @@ bool Toast::eventFilter(QObject* watched, QEvent* event) {
 void Toast::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF body =
+        onPixels(painter, QRectF(rect()).adjusted(kShadow, kShadow, -kShadow, -kShadow));
+    drawShadow(painter, body, kCornerRadius, palette());
     QColor background = palette().color(QPalette::Window);
     background = isDark(palette()) ? background.lighter(150) : background;
     background.setAlphaF(kBackgroundOpacity);
+    const double line = lineWidth(painter);
     painter.setBrush(background);
-    painter.setPen(colorFor(SemanticColor::separator, palette()));
-    painter.drawPath(smoothRectangle(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCornerRadius));
+    painter.setPen(QPen(colorFor(SemanticColor::border, palette()), line));
+    painter.drawPath(
+        smoothRectangle(body.adjusted(line / 2, line / 2, -line / 2, -line / 2), kCornerRadius));
 }
 
 void Toast::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange) tintSymbol();
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) tintSymbol();
 }
 
 void Toast::tintSymbol() {
     m_symbol->setPixmap(symbol(u"checkmark.circle.fill"_s, SemanticColor::green)
-                            .pixmap(QSize(kSymbolSize, kSymbolSize), devicePixelRatioF()));
+                            .pixmap(QSize(symbolSize(), symbolSize()), devicePixelRatioF()));
 }
 
 } // namespace korvan
