@@ -5,9 +5,9 @@
 #include <QString>
 #include <vector>
 
-class QTextEdit;
-
 namespace korvan {
+
+class AlertText;
 
 // A short message with a title and some buttons, in the order given.
 //
@@ -35,7 +35,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    QTextEdit* m_message;
+    AlertText* m_message;
 };
 
 } // namespace korvan

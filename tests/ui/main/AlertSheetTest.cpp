@@ -49,6 +49,15 @@ TEST(AlertSheet, ShowsAnyMessageAsPlainTextWithinItsSize) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return sheet.height() > height; }));
     EXPECT_LT(sheet.height(), 500);
     EXPECT_EQ(sheet.width(), 420);
+    // No line is cut through, at the top or at the bottom, and nothing is under the bar.
+    const auto* bar = message->verticalScrollBar();
+    const QRect view = message->viewport()->geometry();
+    message->verticalScrollBar()->setValue(100);
+    EXPECT_EQ(message->cursorRect(message->cursorForPosition({9, 1})).top(), 0);
+    EXPECT_EQ(view.height() % QFontMetrics(message->font()).lineSpacing(), 0);
+    EXPECT_EQ(bar->mapTo(message, QPoint()).x() - view.right() - 1, 8);
+    EXPECT_EQ(sheet.grab().toImage().pixelColor(bar->mapTo(&sheet, QPoint(1, 1))),
+              sheet.palette().color(QPalette::Window));
 }
 
 } // namespace korvan
