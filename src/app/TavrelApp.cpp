@@ -4,6 +4,7 @@
 #include "app/AboutView.h"
 #include "app/Activation.h"
 #include "app/ProgramBundle.h"
+#include "app/ReplaceQuestion.h"
 #include "platform/desktop/SqliteKeyValueStore.h"
 #include "ui/main/ContentView.h"
 #include "ui/main/ContentWindow.h"
@@ -27,7 +28,8 @@ struct TavrelApp::Scene {
 
 TavrelApp::TavrelApp(std::filesystem::path database, const std::filesystem::path& helperProgram,
                      DesktopFilePanels::Source filePanels)
-    : m_database(std::move(database)), m_workspace(helperProgram), m_filePanels(filePanels),
+    : m_database(std::move(database)), m_workspace(helperProgram),
+      m_filePanels(mayReplace, filePanels),
       m_desktop{m_clipboard, m_workspace, m_filePanels, m_mainQueue} {}
 
 TavrelApp::~TavrelApp() = default;

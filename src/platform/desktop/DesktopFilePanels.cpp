@@ -8,13 +8,14 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileIconProvider>
 #include <QFileInfo>
 #include <QFileSystemModel>
 #include <QHeaderView>
 #include <QIdentityProxyModel>
 #include <QLocale>
-#include <QMessageBox>
-#include <QPushButton>
+#include <QSplitter>
+#include <QStyle>
 #include <QTreeView>
 
 namespace korvan {
@@ -22,6 +23,8 @@ namespace korvan {
 namespace {
 
 constexpr QSize kOwnPanelSize(820, 520);
+constexpr int kPlacesWidth = 160;
+constexpr int kPlacesSpacing = 8; // between the places and the files
 
 // "JSON-Dateien (*.json)"
 QString nameFilter(const std::vector<std::string>& fileTypes) {
@@ -52,12 +55,43 @@ public:
     }
 };
 
+// The style's symbols, and not those that a desktop may have for each type of file.
+class StyleIcons final : public QFileIconProvider {
+public:
+    using QFileIconProvider::icon;
+
+    [[nodiscard]] QIcon icon(IconType type) const override {
+        switch (type) {
+        case Computer:
+        case Desktop: return standard(QStyle::SP_ComputerIcon);
+        case Drive: return standard(QStyle::SP_DriveHDIcon);
+        case File: return standard(QStyle::SP_FileIcon);
+        default: return standard(QStyle::SP_DirIcon);
+        }
+    }
+    [[nodiscard]] QIcon icon(const QFileInfo& info) const override {
+        return icon(info.isDir() ? Folder : File);
+    }
+
+private:
+    static QIcon standard(QStyle::StandardPixmap name) {
+        return QApplication::style()->standardIcon(name);
+    }
+};
+
 // The toolkit's own panel, which is there where the desktop brings none, gives each column a width
-// that is too small for what it shows.
+// that is too small for what it shows, and so the list of places.
 void completeOwnPanel(QFileDialog& dialog) {
     const auto* list = dialog.findChild<QTreeView*>();
     if (!list) return;
     dialog.resize(kOwnPanelSize);
+    dialog.setSizeGripEnabled(false);
+    static StyleIcons icons; // outlives every panel
+    dialog.setIconProvider(&icons);
+    if (auto* splitter = dialog.findChild<QSplitter*>()) {
+        splitter->setHandleWidth(kPlacesSpacing);
+        splitter->setSizes({kPlacesWidth, kOwnPanelSize.width() - kPlacesWidth});
+    }
     dialog.setProxyModel(new GermanFiles(&dialog));
     QHeaderView* columns = list->header();
     columns->setSectionResizeMode(QHeaderView::ResizeToContents);
@@ -79,24 +113,10 @@ QString withType(const QString& path, const QString& type) {
     return path.endsWith(ending, Qt::CaseInsensitive) ? path : path + ending;
 }
 
-bool mayReplace(const QString& path, const QString& title, QWidget* window) {
-    QMessageBox question(window);
-    question.setWindowTitle(title);
-    question.setText(QStringLiteral("„%1“ ist bereits vorhanden.").arg(QFileInfo(path).fileName()));
-    question.setInformativeText(QStringLiteral("Soll die Datei ersetzt werden?"));
-    const auto* replace =
-        question.addButton(QStringLiteral("Ersetzen"), QMessageBox::DestructiveRole);
-    auto* cancel = question.addButton(QStringLiteral("Abbrechen"), QMessageBox::RejectRole);
-    question.setDefaultButton(cancel);
-    question.setEscapeButton(cancel);
-    question.exec();
-    return question.clickedButton() == replace;
-}
-
 } // namespace
 
-DesktopFilePanels::DesktopFilePanels(Source source, QDBusConnection bus)
-    : m_source(source), m_bus(std::move(bus)) {}
+DesktopFilePanels::DesktopFilePanels(MayReplace mayReplace, Source source, QDBusConnection bus)
+    : m_mayReplace(std::move(mayReplace)), m_source(source), m_bus(std::move(bus)) {}
 
 bool DesktopFilePanels::canUseDesktops() const {
     return m_source == Source::theme || hasFilePortal(m_bus);
@@ -130,9 +150,9 @@ std::optional<std::string> DesktopFilePanels::runSavePanel(const SavePanel& pane
         QString path = run(dialog, m_typedFolder);
         if (path.isEmpty()) return std::nullopt;
         path = withType(path, toQString(panel.fileType));
-        if (!QFileInfo::exists(path) || portal.contain(path) || mayReplace(path, title, window))
+        name = QFileInfo(path).fileName(); // they may want another one beside it
+        if (!QFileInfo::exists(path) || portal.contain(path) || m_mayReplace(window, title, name))
             return fromQString(path);
-        name = QFileInfo(path).fileName(); // they may want another name beside it
     }
 }
 

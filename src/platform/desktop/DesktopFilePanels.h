@@ -5,8 +5,10 @@
 
 #include <QDBusConnection>
 #include <QString>
+#include <functional>
 
 class QFileDialog;
+class QWidget;
 
 namespace korvan {
 
@@ -14,7 +16,8 @@ namespace korvan {
 //
 // The user is asked once before a file is replaced, about the name that is really written. Not
 // every dialog asks when a name got its ending afterwards, so they are told not to, and the
-// question is ours. A portal asks all the same: what it has asked is not asked again.
+// question is ours, in the program's own looks. A portal asks all the same: what it has asked is
+// not asked again.
 //
 // A dialog opens in the folder that was used last since the program was started; at first in the
 // home folder. Keys and backups are kept apart, each with a folder of their own: keys are looked
@@ -24,9 +27,14 @@ public:
     // Whose dialogs Qt shows: those of the platform theme, or of the portal, by way of the bus.
     enum class Source { theme, portal };
 
+    // Asks, in a dialog over `window`, whether the file of this name may be replaced; `title` is
+    // that of the panel.
+    using MayReplace =
+        std::function<bool(QWidget* window, const QString& title, const QString& fileName)>;
+
     // The portal is on `bus`. Where none is there when it is needed, Qt's own dialog takes its
     // place.
-    explicit DesktopFilePanels(Source source = Source::theme,
+    explicit DesktopFilePanels(MayReplace mayReplace, Source source = Source::theme,
                                QDBusConnection bus = QDBusConnection::sessionBus());
 
     [[nodiscard]] std::optional<std::string> runSavePanel(const SavePanel& panel) override;
@@ -38,6 +46,7 @@ private:
     [[nodiscard]] static QString run(QFileDialog& dialog, QString& folder);
     [[nodiscard]] bool canUseDesktops() const;
 
+    MayReplace m_mayReplace;
     Source m_source;
     QDBusConnection m_bus;
     QString m_typedFolder; // of files of a certain type; empty before the first choice

@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "platform/desktop/DesktopFilePanels.h"
 
+#include "app/ReplaceQuestion.h"
 #include "platform/desktop/FilePortal.h"
 #include "support/TemporaryFolder.h"
 #include "support/Widgets.h"
+#include "ui/main/AlertSheet.h"
 
 #include <QApplication>
 #include <QDBusMessage>
 #include <QFileDialog>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QProcess>
+#include <QSplitter>
 #include <QTimer>
 #include <QUrl>
 #include <gtest/gtest.h>
@@ -56,7 +58,7 @@ public:
     // In the question before a file is replaced.
     static Doing says(const std::string& answer) {
         return [answer](QDialog& dialog) {
-            EXPECT_TRUE(qobject_cast<QMessageBox*>(&dialog));
+            EXPECT_TRUE(dynamic_cast<AlertSheet*>(&dialog));
             if (auto* button = buttonOf(dialog, answer)) click(button);
         };
     }
@@ -119,7 +121,7 @@ protected:
     [[nodiscard]] std::string inHome(const std::string& name) const { return home.path() / name; }
 
     TemporaryFolder home;
-    DesktopFilePanels panels;
+    DesktopFilePanels panels{mayReplace};
 };
 
 } // namespace
@@ -149,7 +151,7 @@ TEST_F(DesktopFilePanelsTest, AskOnceAboutTheNameThatIsWritten) {
 TEST_F(DesktopFilePanelsTest, AskNothingThatAPortalHasAsked) {
     const auto old = home.file("Korvan 1.10.json", "old");
     const PortalBus bus;
-    DesktopFilePanels portalPanels(DesktopFilePanels::Source::theme, bus.korvan());
+    DesktopFilePanels portalPanels(mayReplace, DesktopFilePanels::Source::theme, bus.korvan());
     const auto choosesInPortal = [&](const std::string& name) {
         return [&bus, name, file = home.path() / name](QDialog& dialog) {
             bus.answer(file);
@@ -174,9 +176,12 @@ TEST_F(DesktopFilePanelsTest, AreQtsOwnWhereAChosenPortalIsMissing) {
         bool isQts = false;
         const User user{[&isQts](QDialog& dialog) {
             isQts = dynamic_cast<QFileDialog&>(dialog).testOption(QFileDialog::DontUseNativeDialog);
+            EXPECT_EQ(dialog.findChild<QSplitter*>()->sizes().first(), 160);
+            EXPECT_FALSE(dialog.isSizeGripEnabled());
             dialog.reject();
         }};
-        EXPECT_EQ(DesktopFilePanels(source, bus.korvan()).runSavePanel(kExport), std::nullopt);
+        EXPECT_EQ(DesktopFilePanels(mayReplace, source, bus.korvan()).runSavePanel(kExport),
+                  std::nullopt);
         EXPECT_EQ(isQts, source == DesktopFilePanels::Source::portal);
     }
 }
