@@ -22,9 +22,31 @@ constexpr std::string_view kBackupFileType = "json";
 ContentView::ContentView(KeyValueStore& keyValueStore, const Desktop& desktop)
     : store(keyValueStore), categoryStore(keyValueStore), snippetStore(keyValueStore),
       m_desktop(desktop), m_terminalLauncher(desktop.workspace),
+      m_ownSubscription(m_observers.observe([this] { forgetWhatIsHidden(); })),
       m_storeSubscriptions{store.observe([this] { m_observers.notify(); }),
                            categoryStore.observe([this] { m_observers.notify(); }),
                            snippetStore.observe([this] { m_observers.notify(); })} {}
+
+void ContentView::forgetWhatIsHidden() {
+    if (m_runningActions > 0) return;
+    if (categoryFilter->categoryId() && !selectedCategory()) categoryFilter = CategoryFilter::all();
+    unselectHiddenProfiles();
+}
+
+void ContentView::unselectHiddenProfiles() {
+    if (*categoryFilter == CategoryFilter::all() || selection->ids().empty()) return;
+    std::vector<Uuid> ids = selection->ids();
+    // Of profiles with the same id the first one counts, as it does for the actions.
+    std::unordered_set<Uuid> open(ids.begin(), ids.end());
+    std::unordered_set<Uuid> hidden;
+    for (const SSHProfile& profile : store.profiles()) {
+        if (open.empty()) break;
+        if (open.erase(profile.id) > 0 && !categoryFilter->admits(profile))
+            hidden.insert(profile.id);
+    }
+    if (std::erase_if(ids, [&](const Uuid& id) { return hidden.contains(id); }) > 0)
+        selection = ProfileSelection(std::move(ids));
+}
 
 const SSHProfile* ContentView::selectedProfile() const {
     const auto id = selection->first();
@@ -69,10 +91,13 @@ void ContentView::beginProfileEditor(SSHProfile draft, bool isEdit) {
 }
 
 void ContentView::saveProfile(const SSHProfile& profile) {
-    if (editorIsEdit)
+    if (editorIsEdit) {
         store.update(profile);
-    else
+    } else {
         store.add(profile);
+        // Nobody should take what they have just made for lost.
+        if (!categoryFilter->admits(profile)) categoryFilter = CategoryFilter::all();
+    }
     showEditor = false;
 }
 
@@ -115,21 +140,13 @@ void ContentView::selectProfile(const SSHProfile& profile) {
 }
 
 void ContentView::reloadAll() {
+    const Action action(*this);
     store.load();
     snippetStore.load();
     categoryStore.load();
 }
 
-void ContentView::chooseCategoryFilter(const CategoryFilter& filter) {
-    categoryFilter = filter;
-    // No action works on a profile that cannot be seen.
-    std::unordered_set<Uuid> hidden;
-    for (const SSHProfile& profile : store.profiles())
-        if (!filter.admits(profile)) hidden.insert(profile.id);
-    std::vector<Uuid> ids = selection->ids();
-    if (std::erase_if(ids, [&](const Uuid& id) { return hidden.contains(id); }) > 0)
-        selection = ProfileSelection(std::move(ids));
-}
+void ContentView::chooseCategoryFilter(const CategoryFilter& filter) { categoryFilter = filter; }
 
 void ContentView::newCategory() {
     editingCategory = std::nullopt;
@@ -156,6 +173,7 @@ void ContentView::requestDeleteCategory(const SSHCategory& category) {
 
 void ContentView::confirmDeleteCategory() {
     if (const std::optional<SSHCategory> category = *deleteCategoryCandidate) {
+        const Action action(*this);
         // The profiles first: if the program ends in between, none names a category that is gone.
         store.clearCategory(category->id);
         categoryStore.remove(*category);

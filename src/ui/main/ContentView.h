@@ -29,6 +29,10 @@ namespace korvan {
 // a presentation that closes clears its flag, the search field writes `snippetSearch`, the table
 // writes `selection`. Every change notifies the observers, the stores' changes included.
 //
+// Nothing works on a profile that the user cannot see: whatever hides one takes its id out of
+// `selection`. Ids that no profile has may stay. A filter whose category is gone becomes `all`.
+// Both hold before any other observer is called; in an action of several steps, once it ends.
+//
 // Records in here are copies; they are found again in the stores by id or by equality. Needs the
 // key-value store and the desktop to outlive it.
 class ContentView final {
@@ -135,12 +139,32 @@ public:
     void openAbout();
 
 private:
+    // While one lives, an action is in the middle of its changes: what they hide is known at the
+    // end.
+    class Action final {
+    public:
+        explicit Action(ContentView& view) : m_view(view) { ++m_view.m_runningActions; }
+        ~Action() {
+            --m_view.m_runningActions;
+            m_view.forgetWhatIsHidden();
+        }
+        Action(const Action&) = delete;
+        Action& operator=(const Action&) = delete;
+
+    private:
+        ContentView& m_view;
+    };
+
+    void forgetWhatIsHidden();
+    void unselectHiddenProfiles();
     void beginProfileEditor(SSHProfile draft, bool isEdit);
     void showToast(std::string_view label);
     void showFailure(std::string_view prefix, const Error& error);
 
     Desktop m_desktop;
     TerminalLauncher m_terminalLauncher;
+    int m_runningActions = 0;
+    Subscription m_ownSubscription; // the first: others see what it leaves
     std::array<Subscription, 3> m_storeSubscriptions;
     // Ends with this object: how work that was put off learns that the window is gone.
     std::shared_ptr<ContentView*> m_self = std::make_shared<ContentView*>(this);

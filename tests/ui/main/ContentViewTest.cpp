@@ -6,6 +6,7 @@
 #include "support/MemoryKeyValueStore.h"
 #include "support/RecordingDesktop.h"
 #include "support/TemporaryFolder.h"
+#include "ui/main/Alerts.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -38,6 +39,12 @@ protected:
         std::vector<Uuid> ids(numbers.size());
         std::ranges::transform(numbers, ids.begin(), exampleId);
         return ids;
+    }
+
+    void import(const SSHProfile& first, std::vector<SSHCategory> categories) {
+        view.pendingImportBackup =
+            makeBackup({first, exampleProfile(12)}, {}, std::move(categories), {});
+        view.confirmImport();
     }
 
     void expectError(const std::string& text) {
@@ -93,7 +100,10 @@ TEST_F(ContentViewTest, AddsANewProfileWhateverIsFilteredOrSelected) {
     view.newProfile();
     EXPECT_NE(view.editorDraft->id, draft.id);
     view.saveProfile(exampleProfile(14));
-    EXPECT_EQ(profileIds(), ids({11, 12, 13, 14}));
+    EXPECT_EQ(*view.categoryFilter, inCategory);
+    view.saveProfile(with(exampleProfile(15), &SSHProfile::categoryId, {}));
+    EXPECT_EQ(*view.categoryFilter, CategoryFilter::all()) << "nothing new is hidden";
+    EXPECT_EQ(profileIds(), ids({11, 12, 13, 14, 15}));
     EXPECT_EQ(*view.selection, ProfileSelection());
 }
 
@@ -137,16 +147,23 @@ TEST_F(ContentViewTest, ReloadsAllThreeStoresWithoutSeedingOrSaving) {
     other.categoryStore.add(exampleCategory(9));
     other.snippetStore.add(exampleSnippet(10));
     memory.writtenKeys.clear();
+    std::string order;
+    const Subscription subscription = view.observe([&] {
+        order += view.categoryStore.categories().size() == 2 ? 'c'
+                 : view.snippetStore.snippets().size() == 2  ? 's'
+                 : view.store.profiles().empty()             ? 'p'
+                                                             : '-';
+    });
     view.reloadAll();
-    EXPECT_TRUE(view.store.profiles().empty());
-    EXPECT_EQ(view.categoryStore.categories().size(), 2U);
-    EXPECT_EQ(view.snippetStore.snippets().size(), 2U);
+    EXPECT_EQ(order, "psc");
     EXPECT_TRUE(memory.writtenKeys.empty());
     EXPECT_EQ(view.selection->ids(), ids({12}));
 }
 
 TEST_F(ContentViewTest, AddsOrUpdatesCategoriesAndCommandsAsTheEditorWasOpened) {
-    view.renameCategory(exampleCategory());
+    view.chooseCategoryFilter(inCategory);
+    view.renameSelectedCategory();
+    EXPECT_TRUE(view.showCategoryEditor);
     view.saveCategory(with(exampleCategory(), &SSHCategory::name, "Keller"));
     EXPECT_EQ(view.categoryStore.categories().at(0).name, "Keller");
     EXPECT_EQ(**view.editingCategory, exampleCategory()) << "stays until the next opening";
@@ -192,14 +209,46 @@ TEST_F(ContentViewTest, LeavesAnotherFilterThanThatOfTheDeletedCategory) {
     EXPECT_EQ(*view.categoryFilter, CategoryFilter::uncategorized());
 }
 
-TEST_F(ContentViewTest, UnselectsTheProfilesThatAFilterHides) {
-    view.selection = ProfileSelection(ids({13, 99, 12, 11}));
-    view.chooseCategoryFilter(inCategory);
-    EXPECT_EQ(view.filteredProfiles(), (std::vector<std::size_t>{0, 1}));
-    EXPECT_EQ(view.selection->ids(), ids({99, 12, 11}));
-    view.chooseCategoryFilter(CategoryFilter::uncategorized());
-    EXPECT_EQ(view.filteredProfiles(), std::vector<std::size_t>{2});
-    EXPECT_EQ(view.selection->ids(), ids({99}));
+TEST_F(ContentViewTest, UnselectsWhatIsHiddenAndShowsAllOnceTheFiltersCategoryIsGone) {
+    const SSHProfile moved = with(exampleProfile(11), &SSHProfile::categoryId, {});
+    ContentView other(memory, desktop.desktop());
+    other.requestDeleteCategory(exampleCategory());
+    const std::pair<std::function<void()>, bool> cases[] = {
+        {[&] { view.selection = ProfileSelection(ids({13, 99, 12})); }, true},
+        {[&] { view.editProfile(), view.saveProfile(moved); }, true},
+        {[&] { other.store.update(moved), view.reloadAll(); }, true},
+        {[&] { import(moved, {exampleCategory(9), exampleCategory()}); }, true},
+        {[&] { import(exampleProfile(11), {exampleCategory(9)}); }, false},
+        {[&] { other.confirmDeleteCategory(), view.reloadAll(); }, false}};
+    for (const auto& [change, hides] : cases) {
+        view.store.replaceAll({exampleProfile(11), exampleProfile(12), exampleProfile(13)});
+        view.store.update(with(exampleProfile(13), &SSHProfile::categoryId, {}));
+        view.categoryStore.replaceAll({exampleCategory()});
+        view.chooseCategoryFilter(inCategory);
+        EXPECT_EQ(view.filteredProfiles(), (std::vector<std::size_t>{0, 1}));
+        view.selection = ProfileSelection(ids({11, 99, 12}));
+        change();
+        EXPECT_EQ(view.selection->ids(), hides ? ids({99, 12}) : ids({11, 99, 12}));
+        EXPECT_EQ(*view.categoryFilter, hides ? inCategory : CategoryFilter::all());
+    }
+}
+
+TEST_F(ContentViewTest, AsksInTheseWords) {
+    view.errorText = "Kaputt";
+    view.deleteCandidate = exampleProfile();
+    view.deleteCategoryCandidate = exampleCategory();
+    view.snippetDeleteCandidate = exampleSnippet();
+    std::string words;
+    for (const Alert& each : alerts())
+        (words += each.title)
+            .append("|" + each.message(view) + "|")
+            .append(each.destructiveButton) += '\n';
+    EXPECT_EQ(words, R"(Profil wirklich löschen?|„Drucker "Süd"“ wird entfernt.|Löschen
+Kategorie wirklich löschen?|„Büro“ wird gelöscht. Betroffene Profile werden auf „Ohne Kategorie“ gesetzt.|Löschen
+Befehl wirklich löschen?|„Ping Host“ wird entfernt.|Löschen
+Import aus Datei|Beim Import werden vorhandene Profile, Kategorien und Befehle ersetzt. Fortfahren?|Ersetzen (empfohlen)
+Fehler|Kaputt|
+)");
 }
 
 TEST_F(ContentViewTest, FiltersCommandsByTitleTemplateAndHintInStoreOrder) {
@@ -216,15 +265,16 @@ TEST_F(ContentViewTest, FiltersCommandsByTitleTemplateAndHintInStoreOrder) {
 }
 
 TEST_F(ContentViewTest, HidesTheToastAMomentAfterItBecameVisible) {
-    for (int time = 0; time < 2; ++time) {
-        view.copyToClipboard("a", "erste");
-        desktop.mainQueue.advance(500ms);
-        view.copyToClipboard("b", "zweite"); // changes the text and not the time
-        EXPECT_EQ(*view.lastCopiedText, "zweite");
-        desktop.mainQueue.advance(699ms);
+    view.copyToClipboard("a", "erste");
+    desktop.mainQueue.advance(500ms);
+    view.copyToClipboard("b", "zweite"); // changes the text and not the time
+    EXPECT_EQ(*view.lastCopiedText, "zweite");
+    for (const auto rest : {699ms, 1199ms}) {
+        desktop.mainQueue.advance(rest);
         EXPECT_TRUE(view.showCopiedToast);
         desktop.mainQueue.advance(1ms);
         EXPECT_FALSE(view.showCopiedToast);
+        view.copyToClipboard("c", "dritte");
     }
 }
 
@@ -276,6 +326,9 @@ TEST_F(BackupActions, ReplaceAllThreeListsOnceConfirmed) {
     view.selectProfile(exampleProfile(12));
     view.importBackup();
     EXPECT_EQ(desktop.filePanels.openPanel.fileTypes, std::vector<std::string>{"json"});
+    view.cancelImport();
+    EXPECT_FALSE(view.showImportConfirm || view.pendingImportBackup->has_value());
+    view.importBackup();
     EXPECT_TRUE(view.showImportConfirm && memory.writtenKeys.empty());
     view.confirmImport();
     EXPECT_EQ(view.store.profiles(), backup.profiles) << "its category is not in the file";
@@ -290,6 +343,7 @@ TEST_F(BackupActions, ReplaceAllThreeListsOnceConfirmed) {
 
 TEST_F(BackupActions, SayWhatFailedAndChangeNothing) {
     const auto before = memory.values;
+    view.pendingImportBackup = exampleBackup();
     chosenFile = folder.file("Datei", "Kein JSON") / "x.json";
     view.exportBackup();
     expectError("Export fehlgeschlagen: Die Datei konnte nicht geschrieben werden: Ein Teil des "
@@ -306,6 +360,7 @@ TEST_F(BackupActions, SayWhatFailedAndChangeNothing) {
                 *chosenFile + "“).");
     EXPECT_EQ(textOf(folder.path() / "Datei"), "Kein JSON");
     EXPECT_EQ(memory.values, before);
+    EXPECT_TRUE(view.pendingImportBackup->has_value()) << "what waits is still there";
 }
 
 TEST_F(BackupActions, LetTheOtherListsProceedWhenOneCannotBeSaved) {
