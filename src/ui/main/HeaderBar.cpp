@@ -8,6 +8,8 @@
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QPushButton>
+#include <algorithm>
+#include <iterator>
 #include <ranges>
 
 namespace korvan {
@@ -19,7 +21,7 @@ namespace {
 constexpr int kPadding = 12;
 constexpr int kSpacing = 10;
 constexpr int kDividerHeight = 18;
-constexpr int kShortestTitle = 90;
+const QString kShortestTitle = u"Korvan…"_s;
 
 QString fullLabelOf(const QPushButton* button) { return button->accessibleName(); }
 
@@ -34,7 +36,6 @@ HeaderBar::HeaderBar(ContentView& view, QWidget* parent)
 
     auto* title = new ElidedLabel(TextStyle::title2);
     title->setText(u"Korvan Browser - Version 1.10"_s);
-    title->setMinimumWidth(kShortestTitle);
     m_title = title;
     m_layout->addWidget(m_title, 1);
 
@@ -53,6 +54,7 @@ HeaderBar::HeaderBar(ContentView& view, QWidget* parent)
     addButton(u"square.and.arrow.down"_s, u"Import"_s, &ContentView::importBackup);
     addButton(u"info.circle"_s, u"Über"_s, &ContentView::openAbout);
     m_panelToggle = addButton(u"sidebar.right"_s, u"Befehle aus"_s, &ContentView::toggleSnippets);
+    std::ranges::rotate(m_buttons, std::prev(m_buttons.end()));
     refresh();
 }
 
@@ -93,8 +95,10 @@ void HeaderBar::fitLabels() {
         button->setText(fullLabelOf(button));
         button->setToolTip({});
     }
-    int needed = m_layout->sizeHint().width() - m_title->sizeHint().width() + kShortestTitle;
-    // The last ones first: what acts on a profile stays readable the longest.
+    const int shortestTitle = m_title->fontMetrics().horizontalAdvance(kShortestTitle);
+    m_title->setMinimumWidth(shortestTitle);
+    int needed = m_layout->sizeHint().width() - m_title->sizeHint().width() + shortestTitle;
+    // After the toggle, what acts on a profile stays readable the longest.
     for (QPushButton* button : m_buttons | std::views::reverse) {
         if (needed <= width()) break;
         const int before = button->sizeHint().width();
@@ -114,9 +118,13 @@ void HeaderBar::resizeEvent(QResizeEvent* event) {
     fitLabels();
 }
 
-void HeaderBar::changeEvent(QEvent* event) {
-    QWidget::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) fitLabels();
+// The labels fit anew once all that is in the bar has the new font.
+bool HeaderBar::event(QEvent* event) {
+    const auto type = event->type();
+    if (type == QEvent::ApplicationFontChange || type == QEvent::FontChange ||
+        type == QEvent::StyleChange)
+        QMetaObject::invokeMethod(this, &HeaderBar::fitLabels, Qt::QueuedConnection);
+    return QWidget::event(event);
 }
 
 void HeaderBar::paintEvent(QPaintEvent*) {

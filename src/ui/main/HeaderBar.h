@@ -14,7 +14,8 @@ namespace korvan {
 // The window's bar of actions. The state must outlive it.
 //
 // Where the bar is too narrow for all labels, the title is cut first and then the labels of the
-// buttons go, from the least needed on; their symbols, tooltips and names stay.
+// buttons go, from the least needed on; their symbols, tooltips and names stay. The label of the
+// panel's toggle goes last of all, as it tells a state.
 class HeaderBar final : public QWidget {
     Q_OBJECT
 
@@ -27,7 +28,7 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
-    void changeEvent(QEvent* event) override;
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
@@ -43,7 +44,7 @@ private:
     ContentView& m_view;
     QHBoxLayout* m_layout;
     QWidget* m_title;
-    std::vector<QPushButton*> m_buttons;        // from left to right
+    std::vector<QPushButton*> m_buttons;        // the most needed first
     std::vector<QPushButton*> m_profileButtons; // those that need a selected profile
     QPushButton* m_panelToggle;
 };
