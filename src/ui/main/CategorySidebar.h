@@ -18,8 +18,6 @@ class CategorySidebar final : public QWidget {
     Q_OBJECT
 
 public:
-    static constexpr int kIdealWidth = 240;
-
     explicit CategorySidebar(ContentView& view, QWidget* parent = nullptr);
 
     void refresh();

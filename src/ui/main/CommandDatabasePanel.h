@@ -19,10 +19,6 @@ class CommandDatabasePanel final : public QWidget {
     Q_OBJECT
 
 public:
-    static constexpr int kMinimumWidth = 340;
-    static constexpr int kIdealWidth = 440;
-    static constexpr int kMaximumWidth = 560;
-
     explicit CommandDatabasePanel(ContentView& view, QWidget* parent = nullptr);
 
     void refresh();

@@ -1,35 +1,31 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/ContentSplitter.h"
 
-#include "ui/main/CommandDatabasePanel.h"
 #include "ui/style/KorvanStyle.h"
 
-#include <QResizeEvent>
+#include <QEvent>
 #include <algorithm>
 
 namespace korvan {
 
 namespace {
 
-constexpr int kMinimum = CommandDatabasePanel::kMinimumWidth;
-constexpr int kMaximum = CommandDatabasePanel::kMaximumWidth;
-
 // Holds the panel at its left edge and lets what does not fit be cut off.
 class ClippingFrame final : public QWidget {
 public:
     explicit ClippingFrame(QWidget* panel) : m_panel(panel) {
         panel->setParent(this);
-        setMinimumWidth(kMinimum);
-        setMaximumWidth(kMaximum);
+        setMinimumWidth(kLeastPanelWidth);
+        setMaximumWidth(kGreatestPanelWidth);
     }
 
     [[nodiscard]] QSize sizeHint() const override {
-        return {CommandDatabasePanel::kIdealWidth, m_panel->sizeHint().height()};
+        return {DraggedWidths().panel, m_panel->sizeHint().height()};
     }
 
 protected:
     void resizeEvent(QResizeEvent*) override {
-        m_panel->setGeometry(0, 0, std::max(width(), kMinimum), height());
+        m_panel->setGeometry(0, 0, std::max(width(), kLeastPanelWidth), height());
     }
 
 private:
@@ -38,63 +34,89 @@ private:
 
 } // namespace
 
-ContentSplitter::ContentSplitter(QWidget* table, QWidget* panel, QWidget* parent)
-    : QSplitter(Qt::Horizontal, parent), m_frame(new ClippingFrame(panel)), m_panel(panel),
-      m_panelWidth(CommandDatabasePanel::kIdealWidth) {
-    addWidget(table);
-    addWidget(m_frame);
+ContentSplitter::ContentSplitter(QWidget* sidebar, QWidget* table, QWidget* panel, QWidget* parent)
+    : QSplitter(Qt::Horizontal, parent), m_sidebar(sidebar), m_table(table),
+      m_frame(new ClippingFrame(panel)) {
     setChildrenCollapsible(false);
+    addWidget(m_sidebar);
+    addWidget(m_table);
+    addWidget(m_frame);
+    connect(this, &QSplitter::splitterMoved, this, [this](int, int divider) { dragged(divider); });
     connect(&m_slide, &QVariantAnimation::valueChanged, this,
-            [this](const QVariant& width) { setPanelWidth(width.toInt()); });
+            [this](const QVariant& share) { setPanelShare(share.toDouble()); });
     connect(&m_slide, &QVariantAnimation::finished, this, &ContentSplitter::endSlide);
 }
 
-int ContentSplitter::availableWidth() const { return width() - handleWidth(); }
-
 void ContentSplitter::setPanel(Panel state) {
     if (state == m_state) return;
-    const bool isSliding = m_slide.state() == QAbstractAnimation::Running;
-    if (state == Panel::hidden && !isSliding) m_panelWidth = m_frame->width();
     m_state = state;
-    slideTo(state == Panel::shown ? m_panelWidth : 0);
-}
-
-void ContentSplitter::slideTo(int width) {
     m_slide.stop();
-    const int start = m_frame->isVisible() ? m_frame->width() : 0;
+    const double share = state == Panel::shown ? 1 : 0;
     const int duration = isVisible() ? animationDuration(*this) : 0;
     m_frame->setMinimumWidth(0);
     m_frame->setVisible(true);
     if (duration == 0) {
-        setPanelWidth(width);
+        setPanelShare(share);
         return endSlide();
     }
-    setPanelWidth(start);
-    m_slide.setStartValue(start);
-    m_slide.setEndValue(width);
+    m_slide.setStartValue(m_panelShare);
+    m_slide.setEndValue(share);
     m_slide.setDuration(duration);
     m_slide.setEasingCurve(QEasingCurve::InOutQuad);
     m_slide.start();
 }
 
-void ContentSplitter::setPanelWidth(int width) { setSizes({availableWidth() - width, width}); }
+void ContentSplitter::setPanelShare(double share) {
+    m_panelShare = share;
+    arrange();
+}
 
 void ContentSplitter::endSlide() {
     m_frame->setVisible(m_state == Panel::shown);
-    m_frame->setMinimumWidth(kMinimum);
+    m_frame->setMinimumWidth(kLeastPanelWidth);
+    arrange();
+}
+
+int ContentSplitter::leastWidth() const {
+    const int withoutPanel = m_sidebar->minimumWidth() + handleWidth() + kLeastTableWidth;
+    return m_state == Panel::shown ? withoutPanel + handleWidth() + kLeastPanelWidth : withoutPanel;
+}
+
+void ContentSplitter::setLeastSize(QSize size) {
+    const int missing = std::max(0, leastWidth() - size.width());
+    m_table->setMinimumWidth(std::max(1, kLeastTableWidth - missing));
+    setMinimumSize(size);
+}
+
+int ContentSplitter::room() const {
+    return width() - handleWidth() * (m_frame->isHidden() ? 1 : 2);
+}
+
+void ContentSplitter::arrange() {
+    const auto widths = columnWidths(room(), m_panelShare, m_sidebar->minimumWidth(), m_dragged);
+    const QList<int> wanted{widths.sidebar, widths.table, widths.panel};
+    if (sizes() != wanted) setSizes(wanted);
+}
+
+// A divider that meets a column at its least width pushes the next one: that one was not dragged.
+void ContentSplitter::dragged(int divider) {
+    if (divider == indexOf(m_table))
+        m_dragged.sidebar = m_sidebar->width();
+    else
+        m_dragged = withPanelDraggedTo(m_frame->width(), room() - m_sidebar->width(), m_dragged);
+    arrange();
+}
+
+// The toolkit shares the room anew when a column has other limits, with another font for example.
+bool ContentSplitter::event(QEvent* event) {
+    const bool isHandled = QSplitter::event(event);
+    if (event->type() == QEvent::LayoutRequest) arrange();
+    return isHandled;
 }
 
 void ContentSplitter::resizeEvent(QResizeEvent* event) {
-    const int before = m_frame->width();
-    const int change = event->size().width() - event->oldSize().width();
     QSplitter::resizeEvent(event);
-    if (m_slide.state() == QAbstractAnimation::Running || m_frame->isHidden()) {
-        return;
-    }
-    // What happens before the window is there says nothing of what the user wants.
-    const int wanted = isVisible() ? before + change : m_panelWidth;
-    const int most = std::max(availableWidth() - widget(0)->minimumWidth(), kMinimum);
-    setPanelWidth(std::clamp(wanted, kMinimum, std::min(kMaximum, most)));
+    arrange();
 }
 
 } // namespace korvan

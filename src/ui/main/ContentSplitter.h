@@ -1,19 +1,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ui/main/ColumnWidths.h"
+
 #include <QSplitter>
 #include <QVariantAnimation>
 
 namespace korvan {
 
-// The profile table and, beside it, the command panel. When the window grows or shrinks, the panel
-// takes the difference as far as its limits allow, and the table the rest: the table keeps its
-// width before the panel does. Qt's parent rules apply to both.
+// The three columns of a window: sidebar, profile table and command panel, as wide as ColumnWidths
+// says. Qt's parent rules apply to all three.
 class ContentSplitter final : public QSplitter {
     Q_OBJECT
 
 public:
-    ContentSplitter(QWidget* table, QWidget* panel, QWidget* parent = nullptr);
+    ContentSplitter(QWidget* sidebar, QWidget* table, QWidget* panel, QWidget* parent = nullptr);
 
     enum class Panel { shown, hidden };
 
@@ -21,20 +22,30 @@ public:
     // is so already.
     void setPanel(Panel state);
 
+    // The width that no column has to go below its least one in, with or without the panel.
+    [[nodiscard]] int leastWidth() const;
+
+    // Makes this narrower than that, where the screen is: the table alone gives way.
+    void setLeastSize(QSize size);
+
 protected:
+    bool event(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void slideTo(int width);
-    void setPanelWidth(int width);
+    void arrange();
+    void dragged(int divider);
+    void setPanelShare(double share);
     void endSlide();
-    [[nodiscard]] int availableWidth() const;
+    [[nodiscard]] int room() const;
 
+    QWidget* m_sidebar;
+    QWidget* m_table;
     QWidget* m_frame; // clips the panel while it slides
-    QWidget* m_panel;
     QVariantAnimation m_slide;
     Panel m_state = Panel::shown;
-    int m_panelWidth; // as the user left it
+    double m_panelShare = 1; // that can be seen
+    DraggedWidths m_dragged;
 };
 
 } // namespace korvan

@@ -13,8 +13,8 @@
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QScreen>
-#include <QSplitter>
 #include <QVBoxLayout>
+#include <QWindow>
 #include <algorithm>
 #include <utility>
 
@@ -24,9 +24,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QSize kMinimumSplit(980, 520);
+constexpr QSize kLeastContent(980, 520); // below the header
 constexpr QSize kIdealSize(1460, 820);
-constexpr int kTableWidth = 760;
 
 } // namespace
 
@@ -45,13 +44,13 @@ ContentWindow::ContentWindow(ContentView& view, FilePanels& filePanels,
 ContentWindow::~ContentWindow() = default;
 
 void ContentWindow::makeMenu() {
-    QMenu* file = menuBar()->addMenu(u"Datei"_s);
-    file->addAction(u"Neues Fenster"_s, QKeySequence(Qt::CTRL | Qt::Key_N), this,
+    QMenu* file = menuBar()->addMenu(u"&Datei"_s);
+    file->addAction(u"&Neues Fenster"_s, QKeySequence(Qt::CTRL | Qt::Key_N), this,
                     &ContentWindow::newWindowRequested);
-    file->addAction(u"Fenster schließen"_s, QKeySequence(Qt::CTRL | Qt::Key_W), this,
+    file->addAction(u"&Fenster schließen"_s, QKeySequence(Qt::CTRL | Qt::Key_W), this,
                     &ContentWindow::close);
     file->addSeparator();
-    file->addAction(u"Beenden"_s, QKeySequence(Qt::CTRL | Qt::Key_Q), qApp,
+    file->addAction(u"&Beenden"_s, QKeySequence(Qt::CTRL | Qt::Key_Q), qApp,
                     &QApplication::closeAllWindows);
 }
 
@@ -60,23 +59,14 @@ void ContentWindow::makeContent() {
     m_sidebar = new CategorySidebar(m_view);
     m_table = new ProfileTable(m_view);
     m_panel = new CommandDatabasePanel(m_view);
-    m_splitter = new ContentSplitter(m_table, m_panel);
-
-    m_split = new QSplitter(Qt::Horizontal);
-    m_split->setChildrenCollapsible(false);
-    m_split->addWidget(m_sidebar);
-    m_split->addWidget(m_splitter);
-    m_split->setStretchFactor(0, 0);
-    m_split->setStretchFactor(1, 1);
-    m_split->setSizes(
-        {CategorySidebar::kIdealWidth, kTableWidth + CommandDatabasePanel::kIdealWidth});
+    m_splitter = new ContentSplitter(m_sidebar, m_table, m_panel);
 
     auto* content = new QWidget;
     auto* layout = new QVBoxLayout(content);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_header);
-    layout->addWidget(m_split, 1);
+    layout->addWidget(m_splitter, 1);
     setCentralWidget(content);
     m_table->setFocus();
     m_toast = new Toast(m_view, content);
@@ -94,20 +84,24 @@ void ContentWindow::refresh() {
     m_sidebar->refresh();
     m_table->refresh();
     m_panel->refresh();
-    m_split->setMinimumSize(leastSplit());
     m_splitter->setPanel(m_view.showSnippets ? ContentSplitter::Panel::shown
                                              : ContentSplitter::Panel::hidden);
+    m_splitter->setLeastSize(leastContent());
     m_toast->refresh();
     m_presentations->refresh();
 }
 
-// A window of the least width has no room for the panel at its least width.
-QSize ContentWindow::leastSplit() const {
-    const int withoutPanel =
-        m_sidebar->minimumWidth() + m_split->handleWidth() + m_table->minimumWidth();
-    const int panel = m_splitter->handleWidth() + CommandDatabasePanel::kMinimumWidth;
-    const int needed = withoutPanel + (m_view.showSnippets ? panel : 0);
-    return {std::max(kMinimumSplit.width(), needed), kMinimumSplit.height()};
+// No wider than the screen: what is beyond its edge cannot be reached.
+QSize ContentWindow::leastContent() const {
+    const int screenWidth = screen()->availableSize().width() - (frameSize() - size()).width();
+    const int needed = std::max(kLeastContent.width(), m_splitter->leastWidth());
+    return {std::min(needed, screenWidth), kLeastContent.height()};
+}
+
+void ContentWindow::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    connect(windowHandle(), &QWindow::screenChanged, this, &ContentWindow::refreshSoon,
+            Qt::UniqueConnection);
 }
 
 void ContentWindow::closeEvent(QCloseEvent* event) {

@@ -8,7 +8,6 @@
 #include <memory>
 
 class QDialog;
-class QSplitter;
 
 namespace korvan {
 
@@ -37,6 +36,7 @@ Q_SIGNALS:
     void closed();
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
@@ -44,15 +44,14 @@ private:
     void makeContent();
     void refreshSoon();
     void refresh();
-    [[nodiscard]] QSize leastSplit() const;
+    [[nodiscard]] QSize leastContent() const;
 
     ContentView& m_view;
     HeaderBar* m_header = nullptr;
-    QSplitter* m_split = nullptr; // sidebar and the rest
     CategorySidebar* m_sidebar = nullptr;
     ProfileTable* m_table = nullptr;
     CommandDatabasePanel* m_panel = nullptr;
-    ContentSplitter* m_splitter = nullptr; // table and panel
+    ContentSplitter* m_splitter = nullptr;
     Toast* m_toast = nullptr;
     std::unique_ptr<Presentations> m_presentations;
     bool m_isStale = false;

@@ -7,7 +7,7 @@
 #include "support/MemoryKeyValueStore.h"
 #include "support/RecordingDesktop.h"
 #include "support/Widgets.h"
-#include "ui/main/CommandDatabasePanel.h"
+#include "ui/main/ContentSplitter.h"
 #include "ui/main/ProfileTable.h"
 #include "ui/main/SnippetRow.h"
 
@@ -15,6 +15,8 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QMenu>
+#include <QPushButton>
+#include <QScreen>
 #include <QScrollBar>
 #include <gtest/gtest.h>
 
@@ -44,9 +46,25 @@ protected:
     ProfileTable& table() const { return *window.findChild<ProfileTable*>(); }
     QListView& sidebar() const { return *named<QListView>(window, "Kategorien"); }
     std::vector<Uuid> selected() const { return state.selection->ids(); }
-
+    ContentSplitter& splitter() const { return *window.findChild<ContentSplitter*>(); }
+    ColumnWidths columns() const {
+        const QList<int> sizes = splitter().sizes();
+        return {sizes[0], sizes[1], sizes[2]};
+    }
+    void resize(int width) {
+        window.resize(width, 700);
+        settle();
+    }
     void clickAt(QPoint position, Qt::KeyboardModifiers keys = Qt::NoModifier) {
         QTest::mouseClick(table().viewport(), Qt::LeftButton, keys, position);
+        settle();
+    }
+
+    void drag(int divider, int distance) {
+        auto* handle = splitter().handle(divider);
+        QTest::mousePress(handle, Qt::LeftButton);
+        QTest::mouseMove(handle, handle->rect().center() + QPoint(distance, 0));
+        QTest::mouseRelease(handle, Qt::LeftButton);
         settle();
     }
 
@@ -77,17 +95,25 @@ void expectNames(QAccessibleInterface& item, const std::string& path) {
 
 TEST_F(ContentWindowTest, NamesEveryControlInTheWindowAndItsSheets) {
     expectNames(*QAccessible::queryAccessibleInterface(&window), "window");
+    QTest::keyClick(&window, Qt::Key_D, Qt::AltModifier);
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr) << "the menu";
+    QApplication::activePopupWidget()->close();
     for (auto isShown : {&ContentView::showEditor, &ContentView::showCategoryEditor,
-                         &ContentView::showSnippetEditor, &ContentView::showAbout,
-                         &ContentView::showError, &ContentView::showDeleteConfirm}) {
+                         &ContentView::showSnippetEditor, &ContentView::showError,
+                         &ContentView::showDeleteConfirm, &ContentView::showAbout}) {
         state.*isShown = true;
         settle();
         const auto* sheet = QApplication::activeModalWidget();
         ASSERT_NE(sheet, nullptr);
         expectNames(*QAccessible::queryAccessibleInterface(const_cast<QWidget*>(sheet)), "sheet");
+        EXPECT_TRUE(
+            std::ranges::any_of(sheet->findChildren<QPushButton*>(), &QPushButton::isDefault));
+        EXPECT_TRUE(isShown != &ContentView::showAbout || sheet->size() == QSize(640, 520));
         state.*isShown = false;
         settle();
     }
+    state.openAbout();
+    EXPECT_TRUE(state.showAbout);
 }
 
 TEST_F(ContentWindowTest, SelectsAndConnectsByTheTextOfARow) {
@@ -181,24 +207,35 @@ TEST_F(ContentWindowTest, SearchesAndCopiesWithFewRowsForManyCommands) {
     EXPECT_EQ(desktop.clipboard.texts.size(), 2U);
 }
 
-TEST_F(ContentWindowTest, KeepsItsRegionsApartDownToTheLeastWidth) {
-    window.resize(0, 0);
-    settle();
-    EXPECT_EQ(table().width(), 520);
-    const auto* panel = window.findChild<CommandDatabasePanel*>();
-    EXPECT_GE(panel->width(), 340);
-    EXPECT_GT(panel->mapTo(&window, QPoint()).x(), table().mapTo(&window, QPoint()).x() + 519);
+TEST_F(ContentWindowTest, SharesItsWidthByTheSameRuleWhateverItWasBefore) {
+    for (const int width : {1440, 1062, 1900, 1366, 1440}) {
+        resize(width);
+        EXPECT_EQ(columns(), columnWidths(width - 2, 1, 200, {})) << width;
+    }
+    drag(1, -900), drag(2, 900); // as far as they go
+    EXPECT_EQ(columns(), (ColumnWidths{200, 898, 340}));
+    resize(1900);
+    drag(1, 900), drag(2, -900);
+    EXPECT_EQ(columns(), (ColumnWidths{380, 958, 560}));
+    for (const int panel : {0, 560}) {
+        state.toggleSnippets();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return columns().panel == panel; }));
+    }
+}
 
-    click(buttonOf(window, "Befehle aus"));
-    settle();
-    EXPECT_FALSE(state.showSnippets);
-    EXPECT_NE(buttonOf(window, "Befehle ein"), nullptr);
-    const auto shrinksToTheLeast = [&] {
-        window.resize(0, 0);
-        return window.width() == 980;
+TEST_F(ContentWindowTest, StaysOnTheScreenDownToItsLeastWidth) {
+    const auto shrinksTo = [&](const ColumnWidths& least) {
+        return QTest::qWaitFor([&] { return resize(0), columns() == least; });
     };
-    EXPECT_TRUE(QTest::qWaitFor(shrinksToTheLeast, 2000));
-    EXPECT_NE(named<QAbstractButton>(window, "Über"), nullptr); // without its label
+    EXPECT_TRUE(shrinksTo({200, 520, 340}));
+    EXPECT_EQ(buttonOf(window, "Über")->text(), "");
+    EXPECT_EQ(buttonOf(window, "Befehle aus")->text(), "Befehle aus") << "it tells a state";
+    click(buttonOf(window, "Befehle aus"));
+    EXPECT_TRUE(shrinksTo({240, 739, 0}));
+    click(buttonOf(window, "Befehle ein"));
+    window.move(1920, 0); // to the screen that is 800 wide; the frame takes 4
+    window.setScreen(QGuiApplication::screenAt({1920, 0}));
+    EXPECT_TRUE(shrinksTo({200, 254, 340}));
 }
 
 } // namespace korvan
