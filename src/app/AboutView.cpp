@@ -5,6 +5,7 @@
 #include "platform/desktop/QtText.h"
 #include "ui/style/Controls.h"
 #include "ui/style/Drawing.h"
+#include "ui/style/SheetTitle.h"
 #include "ui/style/Symbols.h"
 
 #include <QHBoxLayout>
@@ -56,7 +57,7 @@ Label* makeText(const QString& text, TextStyle style,
 } // namespace
 
 AboutView::AboutView(const BundleInformation& bundle, QWidget* parent) : QDialog(parent) {
-    setWindowTitle(QStringLiteral("Über Korvan"));
+    setSheetTitle(*this, QStringLiteral("Über Korvan"));
     const auto secondary = [](const QString& text) {
         return makeText(text, TextStyle::body, SemanticColor::secondary);
     };

@@ -158,7 +158,13 @@ await_next_window() {
 
 is_next_window() { ! is_active "$1" && has_title "$2"; }
 
-has_title() { xdotool getactivewindow getwindowname | grep -qE "^$1$"; }
+# A sheet names the program in its title bar; its own title is its role, which is in Latin-1.
+has_title() { titles | grep -E "^$1$" >/dev/null; }
+titles() {
+    xdotool getactivewindow getwindowname
+    xprop -id "$(xdotool getactivewindow)" WM_WINDOW_ROLE | cut -d '"' -f 2 |
+        xargs -0 printf %b | iconv -f latin1 -t utf-8
+}
 
 await_main_window() {
     within 10 is_active "$window" || fail "the main window does not come back"

@@ -2,6 +2,7 @@
 #include "ui/main/AlertSheet.h"
 
 #include "ui/style/Controls.h"
+#include "ui/style/SheetTitle.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
@@ -98,7 +99,7 @@ private:
 AlertSheet::AlertSheet(const QString& title, const QString& message,
                        const std::vector<Button>& buttons, QWidget* parent)
     : QDialog(parent), m_message(new AlertText(title)) {
-    setWindowTitle(title);
+    setSheetTitle(*this, title);
     auto* stack = new QVBoxLayout(this);
     stack->setSizeConstraint(QLayout::SetFixedSize);
     // The message is wider than the others by the room for its ring.

@@ -58,14 +58,13 @@ TEST_F(PresentationsTest, RunTheActionThatTheUserChose) {
     state.store.replaceAll({exampleProfile()});
     state.selectProfile(exampleProfile());
     state.requestDeleteProfile();
-    EXPECT_EQ(dialog()->accessibleDescription(), "„Drucker \"Süd\"“ wird entfernt.");
     dialog()->close();
     EXPECT_EQ(*state.deleteCandidate, std::nullopt);
     EXPECT_EQ(state.store.profiles().size(), 1U);
 
     state.requestDeleteCategory(exampleCategory());
-    EXPECT_EQ(dialog()->accessibleDescription(),
-              "„Büro“ wird gelöscht. Betroffene Profile werden auf „Ohne Kategorie“ gesetzt.");
+    EXPECT_EQ(dialog()->accessibleName(), "Kategorie wirklich löschen?");
+    EXPECT_EQ(dialog()->windowTitle(), "Korvan") << "it shows its title itself";
     QTest::keyClick(dialog(), Qt::Key_Escape);
     EXPECT_EQ(*state.deleteCategoryCandidate, std::nullopt);
 
