@@ -18,6 +18,7 @@ CategoryEditorSheet::CategoryEditorSheet(CategoryEditorView view, QWidget* paren
     const QString label = QStringLiteral("Name");
     QLineEdit* name = makeTextField(label, m_view.category.name);
     addRow(label, name);
+    setWidget(EditorField::name, name);
     complete(name);
 }
 

@@ -15,9 +15,7 @@ public:
 
 private:
     [[nodiscard]] std::string_view editorTitle() const override { return m_view.editorTitle(); }
-    [[nodiscard]] const std::optional<std::string>& validationError() const override {
-        return m_view.validationError;
-    }
+    [[nodiscard]] Validation& validation() override { return m_view; }
     void commit() override { m_view.commit(); }
     void cancel() override { m_view.cancel(); }
 

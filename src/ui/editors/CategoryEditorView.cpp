@@ -13,8 +13,8 @@ std::string_view CategoryEditorView::editorTitle() const {
     return isBlank(category.name) ? "Neue Kategorie" : "Kategorie bearbeiten";
 }
 
-std::optional<std::string> CategoryEditorView::problem() const {
-    if (isBlank(category.name)) return "Bitte einen Namen angeben.";
+std::optional<CategoryEditorView::Problem> CategoryEditorView::problem() const {
+    if (isBlank(category.name)) return Problem{EditorField::name, "Bitte einen Namen angeben."};
     return std::nullopt;
 }
 

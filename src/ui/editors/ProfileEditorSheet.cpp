@@ -35,15 +35,16 @@ ProfileEditorSheet::ProfileEditorSheet(ProfileEditorView view, FilePanels& fileP
     : EditorSheet(kWidth, kPadding, parent), m_view(std::move(view)), m_filePanels(filePanels) {
     SSHProfile& profile = m_view.profile;
     QLineEdit* name = addTextRow(QStringLiteral("Name"), profile.name);
-    addTextRow(QStringLiteral("IP / Host"), profile.host);
-    addTextRow(QStringLiteral("Benutzername"), profile.user);
+    setWidget(EditorField::name, name);
+    setWidget(EditorField::host, addTextRow(QStringLiteral("IP / Host"), profile.host));
+    setWidget(EditorField::user, addTextRow(QStringLiteral("Benutzername"), profile.user));
     addPortRow();
     addCategoryRow();
     addPasswordRow();
     addIdentityFileRow();
-    addTextRow(QStringLiteral("Extra SSH-Args (optional)"), profile.extraArgs)
-        ->setToolTip(
-            QStringLiteral("Beispiele: -o StrictHostKeyChecking=no   oder   -J user@jump-host"));
+    m_extraArgs = addTextRow(QStringLiteral("Extra SSH-Args (optional)"), profile.extraArgs);
+    m_extraArgs->setToolTip(
+        QStringLiteral("Beispiele: -o StrictHostKeyChecking=no   oder   -J user@jump-host"));
     complete(name);
 }
 
@@ -58,9 +59,12 @@ void ProfileEditorSheet::addPortRow() {
     auto* port = new QLineEdit(QString::number(m_view.profile.port));
     port->setAccessibleName(label);
     port->setInputMethodHints(Qt::ImhPreferNumbers);
-    connect(port, &QLineEdit::textChanged, this,
-            [this](const QString& text) { m_view.setPortText(fromQString(text)); });
+    connect(port, &QLineEdit::textChanged, this, [this, port](const QString& text) {
+        m_view.setPortText(fromQString(text));
+        fieldEdited(port);
+    });
     addRow(label, port);
+    setWidget(EditorField::port, port);
 }
 
 void ProfileEditorSheet::addCategoryRow() {
@@ -98,13 +102,15 @@ void ProfileEditorSheet::addPasswordRow() {
         m_view.showPassword = !m_view.showPassword;
         refresh();
     });
+    auto* place = new QVBoxLayout;
+    place->addWidget(m_togglePassword, 0, Qt::AlignRight | Qt::AlignVCenter);
     auto* row = new QHBoxLayout;
     row->setSpacing(kPasswordSpacing);
-    row->addWidget(m_password);
-    row->addWidget(m_togglePassword);
+    row->addWidget(m_password, 1);
+    row->addLayout(place);
     addRow(label, m_password, row);
-    // As wide as its longer text, so that the field beside it does not move.
-    m_togglePassword->setFixedWidth(m_togglePassword->sizeHint().width());
+    // As wide as the button's longer text, so that the field beside it does not move.
+    place->addStrut(m_togglePassword->fontMetrics().horizontalAdvance(kHidePassword));
 }
 
 void ProfileEditorSheet::addIdentityFileRow() {
@@ -115,12 +121,13 @@ void ProfileEditorSheet::addIdentityFileRow() {
     tintIdentityFile();
     QPushButton* choose = makeButton(QStringLiteral("folder"), QStringLiteral("Auswählen…"));
     m_clearIdentityFile =
-        makeSymbolButton(QStringLiteral("xmark.circle.fill"), QStringLiteral("Key entfernen"));
+        makeSymbolButton(QStringLiteral("xmark.circle.fill"), QStringLiteral("Key entfernen"),
+                         SemanticColor::secondary);
     m_clearIdentityFile->setFocusPolicy(Qt::StrongFocus);
-    choose->setAutoDefault(false); // Return saves, also for someone who has just chosen a file
     connect(choose, &QPushButton::clicked, this, [this] {
-        m_view.chooseIdentityFile(m_filePanels);
+        const bool isChosen = m_view.chooseIdentityFile(m_filePanels);
         refresh();
+        if (isChosen) m_extraArgs->setFocus(); // where Return saves instead of asking once more
     });
     connect(m_clearIdentityFile, &QAbstractButton::clicked, this, [this] {
         m_view.clearIdentityFile();

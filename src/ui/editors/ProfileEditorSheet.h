@@ -23,9 +23,7 @@ protected:
 
 private:
     [[nodiscard]] std::string_view editorTitle() const override { return m_view.editorTitle(); }
-    [[nodiscard]] const std::optional<std::string>& validationError() const override {
-        return m_view.validationError;
-    }
+    [[nodiscard]] Validation& validation() override { return m_view; }
     void commit() override { m_view.commit(); }
     void cancel() override { m_view.cancel(); }
 
@@ -42,6 +40,7 @@ private:
     QAbstractButton* m_togglePassword = nullptr;
     QLineEdit* m_identityFile = nullptr;
     QAbstractButton* m_clearIdentityFile = nullptr;
+    QLineEdit* m_extraArgs = nullptr;
 };
 
 } // namespace korvan

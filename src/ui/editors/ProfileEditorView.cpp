@@ -34,17 +34,19 @@ void ProfileEditorView::setPortText(std::string_view text) {
     profile.port = result.ec == std::errc() && result.ptr == end ? port : 0;
 }
 
-void ProfileEditorView::chooseIdentityFile(FilePanels& filePanels) {
-    if (auto path = filePanels.runOpenPanel({"SSH Key auswählen", {}}))
-        profile.identityFile = std::move(*path);
+bool ProfileEditorView::chooseIdentityFile(FilePanels& filePanels) {
+    auto path = filePanels.runOpenPanel({"SSH Key auswählen", {}});
+    if (!path) return false;
+    profile.identityFile = std::move(*path);
+    return true;
 }
 
-std::optional<std::string> ProfileEditorView::problem() const {
-    if (isBlank(profile.name)) return "Bitte einen Namen angeben.";
-    if (isBlank(profile.host)) return "Bitte IP/Host angeben.";
-    if (isBlank(profile.user)) return "Bitte Benutzername angeben.";
+std::optional<ProfileEditorView::Problem> ProfileEditorView::problem() const {
+    if (isBlank(profile.name)) return Problem{EditorField::name, "Bitte einen Namen angeben."};
+    if (isBlank(profile.host)) return Problem{EditorField::host, "Bitte IP/Host angeben."};
+    if (isBlank(profile.user)) return Problem{EditorField::user, "Bitte Benutzername angeben."};
     if (profile.port < kLowestPort || profile.port > kHighestPort)
-        return "Port muss zwischen 1 und 65535 liegen.";
+        return Problem{EditorField::port, "Port muss zwischen 1 und 65535 liegen."};
     return std::nullopt;
 }
 

@@ -28,13 +28,14 @@ public:
     // port 0, which does not pass the check: the earlier port is never saved unseen.
     void setPortText(std::string_view text);
 
-    // Asks for a key file with the open panel. Cancelling changes nothing.
-    void chooseIdentityFile(FilePanels& filePanels);
+    // Asks for a key file with the open panel. Answers whether one was chosen; cancelling changes
+    // nothing.
+    bool chooseIdentityFile(FilePanels& filePanels);
     void clearIdentityFile() { profile.identityFile.clear(); }
 
 private:
     [[nodiscard]] const SSHProfile& record() const override { return profile; }
-    [[nodiscard]] std::optional<std::string> problem() const override;
+    [[nodiscard]] std::optional<Problem> problem() const override;
 
     std::vector<SSHCategory> m_categories;
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ui/editors/Validation.h"
+
 #include <functional>
 #include <optional>
 #include <string>
@@ -11,7 +13,7 @@ namespace korvan {
 // What the editors of all records have in common: one opening works on its own copy of a record,
 // checks it when the user saves, and hands it back. Closing the sheet is the caller's business.
 template <class Record>
-class RecordEditor {
+class RecordEditor : public Validation {
 public:
     RecordEditor(RecordEditor&&) noexcept = default;
     RecordEditor(const RecordEditor&) = delete;
@@ -19,12 +21,12 @@ public:
     RecordEditor& operator=(RecordEditor&&) = delete;
     virtual ~RecordEditor() = default;
 
-    std::optional<std::string> validationError; // of the last failed save; typing leaves it
-
-    // Whether the record may be saved; sets or clears the message.
+    // Whether the record may be saved; sets or clears the message and its field.
     bool validate() {
-        validationError = problem();
-        return !validationError;
+        const std::optional<Problem> found = problem();
+        validationError = found ? std::optional(found->message) : std::nullopt;
+        invalidField = found ? std::optional(found->field) : std::nullopt;
+        return !found;
     }
 
     // Hands the record, exactly as edited, to `onSave` if it passes the check. Only the first
@@ -38,14 +40,19 @@ public:
     void cancel() { m_onCancel(); }
 
 protected:
+    struct Problem {
+        EditorField field;
+        std::string message; // in words for the user
+    };
+
     RecordEditor(std::function<void()> onCancel, std::function<void(const Record&)> onSave)
         : m_onCancel(std::move(onCancel)), m_onSave(std::move(onSave)) {}
 
 private:
     [[nodiscard]] virtual const Record& record() const = 0;
 
-    // What keeps the record from being saved, in words for the user.
-    [[nodiscard]] virtual std::optional<std::string> problem() const = 0;
+    // What keeps the record from being saved.
+    [[nodiscard]] virtual std::optional<Problem> problem() const = 0;
 
     std::function<void()> m_onCancel;
     std::function<void(const Record&)> m_onSave;

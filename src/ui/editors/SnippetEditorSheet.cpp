@@ -22,26 +22,48 @@ constexpr int kTemplateHeight = 120;
 constexpr int kFrameRadius = 8;
 constexpr float kFrameOpacity = 0.25F;
 
-// The rounded frame around the template editor, which fills it.
+// The rounded frame around the template editor, which fills it. Like a field of one line, it shows
+// whether the keyboard is there and whether its content is refused.
 class TemplateFrame final : public QWidget {
 public:
-    explicit TemplateFrame(QWidget* content) {
+    explicit TemplateFrame(QWidget* content) : m_content(content) {
+        content->installEventFilter(this);
         auto* layout = new QVBoxLayout(this);
         layout->setContentsMargins(4, 4, 4, 4); // keeps the text clear of the corners
         layout->addWidget(content);
     }
 
+    bool eventFilter(QObject* content, QEvent* event) override {
+        const auto type = event->type();
+        if (type == QEvent::FocusIn || type == QEvent::FocusOut ||
+            type == QEvent::DynamicPropertyChange)
+            update();
+        return QWidget::eventFilter(content, event);
+    }
+
 protected:
     void paintEvent(QPaintEvent*) override {
-        QColor line = colorFor(SemanticColor::secondary, palette());
-        line.setAlphaF(kFrameOpacity);
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(line);
+        painter.setPen(line());
         painter.setBrush(palette().base());
-        painter.drawPath(
-            smoothRectangle(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kFrameRadius));
+        const double inset = painter.pen().widthF() / 2;
+        painter.drawPath(smoothRectangle(QRectF(rect()).adjusted(inset, inset, -inset, -inset),
+                                         kFrameRadius - inset));
     }
+
+private:
+    [[nodiscard]] QPen line() const {
+        const int width = m_content->hasFocus() ? 2 : 1;
+        if (isInvalid(m_content)) return {colorFor(SemanticColor::red, palette()), qreal(width)};
+        if (m_content->hasFocus())
+            return {palette().color(QPalette::Active, QPalette::Highlight), qreal(width)};
+        QColor color = colorFor(SemanticColor::secondary, palette());
+        color.setAlphaF(kFrameOpacity);
+        return {color, qreal(width)};
+    }
+
+    QWidget* m_content;
 };
 
 // The text of a document with plain line breaks, and unlike toPlainText with its hard blanks.
@@ -59,6 +81,7 @@ SnippetEditorSheet::SnippetEditorSheet(SnippetEditorView view, QWidget* parent)
     const QString titleLabel = QStringLiteral("Titel");
     QLineEdit* title = makeTextField(titleLabel, m_view.snippet.title);
     addRow(titleLabel, title);
+    setWidget(EditorField::title, title);
     const QString hintLabel = QStringLiteral("Hinweis (optional)");
     addRow(hintLabel, makeTextField(hintLabel, m_view.snippet.hint));
 
@@ -88,7 +111,9 @@ QPlainTextEdit* SnippetEditorSheet::makeTemplateEditor(const QString& label) {
              given = m_view.snippet.commandTemplate] {
                 const QString text = textOf(*editor->document());
                 m_view.snippet.commandTemplate = text == shown ? given : fromQString(text);
+                fieldEdited(editor);
             });
+    setWidget(EditorField::commandTemplate, editor);
     return editor;
 }
 

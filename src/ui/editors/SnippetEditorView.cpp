@@ -13,9 +13,10 @@ std::string_view SnippetEditorView::editorTitle() const {
     return isBlank(snippet.title) ? "Neuer Befehl" : "Befehl bearbeiten";
 }
 
-std::optional<std::string> SnippetEditorView::problem() const {
-    if (isBlank(snippet.title)) return "Bitte einen Titel angeben.";
-    if (isBlank(snippet.commandTemplate)) return "Bitte einen Befehl angeben.";
+std::optional<SnippetEditorView::Problem> SnippetEditorView::problem() const {
+    if (isBlank(snippet.title)) return Problem{EditorField::title, "Bitte einen Titel angeben."};
+    if (isBlank(snippet.commandTemplate))
+        return Problem{EditorField::commandTemplate, "Bitte einen Befehl angeben."};
     return std::nullopt;
 }
 

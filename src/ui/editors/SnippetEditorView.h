@@ -20,7 +20,7 @@ public:
 
 private:
     [[nodiscard]] const CommandSnippet& record() const override { return snippet; }
-    [[nodiscard]] std::optional<std::string> problem() const override;
+    [[nodiscard]] std::optional<Problem> problem() const override;
 };
 
 } // namespace korvan

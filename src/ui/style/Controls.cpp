@@ -20,6 +20,7 @@ namespace korvan {
 namespace {
 
 constexpr auto kButtonColor = "korvanButtonColor";
+constexpr auto kIsInvalid = "korvanIsInvalid";
 
 class Separator final : public QWidget {
 public:
@@ -234,6 +235,13 @@ QToolButton* makeSymbolButton(const QString& symbolIdentifier, const QString& to
 SemanticColor buttonColor(const QWidget& button) {
     return static_cast<SemanticColor>(button.property(kButtonColor).toInt());
 }
+
+void setInvalid(QWidget& field, bool isInvalid) {
+    field.setProperty(kIsInvalid, isInvalid);
+    field.update();
+}
+
+bool isInvalid(const QObject* field) { return field && field->property(kIsInvalid).toBool(); }
 
 QWidget* makeSeparator(Qt::Orientation orientation) { return new Separator(orientation); }
 

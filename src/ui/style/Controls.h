@@ -87,6 +87,10 @@ void setTextStyle(QWidget& widget, TextStyle style, FontDesign design = FontDesi
 // The colour of a button's label, as its maker set it. KorvanStyle draws by it.
 [[nodiscard]] SemanticColor buttonColor(const QWidget& button);
 
+// Marks a field whose content is refused: it is drawn with a red border from now on, or no longer.
+void setInvalid(QWidget& field, bool isInvalid);
+[[nodiscard]] bool isInvalid(const QObject* field);
+
 // A line between two regions, one logical pixel thick.
 [[nodiscard]] QWidget* makeSeparator(Qt::Orientation orientation);
 

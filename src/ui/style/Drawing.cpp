@@ -237,12 +237,15 @@ void drawComboBox(QPainter& painter, const QStyleOptionComboBox& box, const QRec
 }
 
 void drawField(QPainter& painter, const QStyleOption& option) {
-    const auto& palette = option.palette;
+    auto palette = option.palette;
     const auto base = palette.color(QPalette::Base);
     const bool isEnabled = has(option, QStyle::State_Enabled);
+    const bool isRefused = isInvalid(option.styleObject);
+    const auto red = colorFor(SemanticColor::red, palette);
     drawRounded(painter, option.rect,
                 isEnabled ? base : mixed(base, palette.color(QPalette::Window), 0.8),
-                border(palette));
+                isRefused ? red : border(palette));
+    if (isRefused) palette.setColor(QPalette::Active, QPalette::Highlight, red);
     if (has(option, QStyle::State_HasFocus)) drawFocusRing(painter, option.rect, palette);
 }
 

@@ -15,11 +15,15 @@ auto into(auto& records) {
     return [&records](const auto& record) { records.push_back(record); };
 }
 
-// What `editor` says after trying to save; empty when it saved.
-std::string messageOfCommit(auto& editor) {
+using Answer = std::pair<std::string, std::optional<EditorField>>;
+
+// What `editor` says after trying to save, and of which field; nothing when it saved.
+Answer commit(auto& editor) {
     editor.commit();
-    return editor.validationError.value_or("");
+    return {editor.validationError.value_or(""), editor.invalidField};
 }
+
+const Answer kSaved;
 
 } // namespace
 
@@ -28,22 +32,27 @@ TEST(ProfileEditorView, NamesTheFirstThingThatIsWrongUntilTheNextTry) {
     ProfileEditorView editor(
         with(SSHProfile(), &SSHProfile::name, " \u3000\n"), {}, [] {}, into(saved));
     SSHProfile& profile = editor.profile;
-    EXPECT_EQ(messageOfCommit(editor), "Bitte einen Namen angeben.");
+    EXPECT_EQ(commit(editor), Answer("Bitte einen Namen angeben.", EditorField::name));
     EXPECT_EQ(editor.editorTitle(), "Neues SSH Profil");
     profile.name = " x";
     EXPECT_EQ(editor.editorTitle(), "SSH Profil bearbeiten");
     EXPECT_EQ(editor.validationError, "Bitte einen Namen angeben.");
-    EXPECT_EQ(messageOfCommit(editor), "Bitte IP/Host angeben.");
+    editor.fieldEdited(EditorField::host);
+    EXPECT_EQ(editor.invalidField, EditorField::name);
+    editor.fieldEdited(EditorField::name);
+    EXPECT_EQ(editor.invalidField, std::nullopt);
+    EXPECT_EQ(commit(editor), Answer("Bitte IP/Host angeben.", EditorField::host));
     profile.host = "h";
-    EXPECT_EQ(messageOfCommit(editor), "Bitte Benutzername angeben.");
+    EXPECT_EQ(commit(editor), Answer("Bitte Benutzername angeben.", EditorField::user));
     profile.user = "u";
     for (const std::int64_t port : std::initializer_list<std::int64_t>{0, -1, 65536, INT64_MAX}) {
         profile.port = port;
-        EXPECT_EQ(messageOfCommit(editor), "Port muss zwischen 1 und 65535 liegen.");
+        EXPECT_EQ(commit(editor),
+                  Answer("Port muss zwischen 1 und 65535 liegen.", EditorField::port));
     }
     EXPECT_TRUE(saved.empty());
     profile.port = 65535;
-    EXPECT_EQ(messageOfCommit(editor), "");
+    EXPECT_EQ(commit(editor), kSaved);
     EXPECT_EQ(saved, std::vector{profile});
 }
 
@@ -65,10 +74,10 @@ TEST(CategoryEditorView, WantsANameAndHandsItBackAsTyped) {
     std::vector<SSHCategory> saved;
     CategoryEditorView editor({exampleId(5), "\t "}, [] {}, into(saved));
     EXPECT_EQ(editor.editorTitle(), "Neue Kategorie");
-    EXPECT_EQ(messageOfCommit(editor), "Bitte einen Namen angeben.");
+    EXPECT_EQ(commit(editor), Answer("Bitte einen Namen angeben.", EditorField::name));
     editor.category.name = " Zuhause ";
     EXPECT_EQ(editor.editorTitle(), "Kategorie bearbeiten");
-    EXPECT_EQ(messageOfCommit(editor), "");
+    EXPECT_EQ(commit(editor), kSaved);
     editor.commit(); // a second Return before the sheet has gone
     EXPECT_EQ(saved, (std::vector{SSHCategory{exampleId(5), " Zuhause "}}));
 }
@@ -77,13 +86,13 @@ TEST(SnippetEditorView, WantsATitleThenATemplateAndNoHint) {
     std::vector<CommandSnippet> saved;
     SnippetEditorView editor(CommandSnippet(), [] {}, into(saved));
     EXPECT_EQ(editor.editorTitle(), "Neuer Befehl");
-    EXPECT_EQ(messageOfCommit(editor), "Bitte einen Titel angeben.");
+    EXPECT_EQ(commit(editor), Answer("Bitte einen Titel angeben.", EditorField::title));
     editor.snippet.title = "Titel";
     EXPECT_EQ(editor.editorTitle(), "Befehl bearbeiten");
     editor.snippet.commandTemplate = "\n \n";
-    EXPECT_EQ(messageOfCommit(editor), "Bitte einen Befehl angeben.");
+    EXPECT_EQ(commit(editor), Answer("Bitte einen Befehl angeben.", EditorField::commandTemplate));
     editor.snippet.commandTemplate = "\nuptime\ndf\n";
-    EXPECT_EQ(messageOfCommit(editor), "");
+    EXPECT_EQ(commit(editor), kSaved);
     EXPECT_EQ(saved.at(0).commandTemplate, "\nuptime\ndf\n");
 }
 

@@ -10,6 +10,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <gtest/gtest.h>
 
 namespace korvan {
@@ -46,44 +47,73 @@ std::string spokenName(QWidget* widget) {
 
 } // namespace
 
-TEST_F(ProfileEditorSheetTest, FollowsTheTypingWithItsTitleAndSavesOnReturnOnce) {
+TEST_F(ProfileEditorSheetTest, FollowsTheTypingWithItsTitleAndTheValuesOfItsFields) {
     QDialog& dialog = open(with(exampleProfile(), &SSHProfile::name, ""));
     EXPECT_EQ(dialog.width(), 740);
-    EXPECT_EQ(dialog.windowTitle(), "Neues SSH Profil");
+    EXPECT_EQ(dialog.accessibleName(), "Neues SSH Profil");
     QTest::keyClicks(QApplication::focusWidget(), "web");
-    EXPECT_EQ(dialog.windowTitle(), "SSH Profil bearbeiten");
+    EXPECT_EQ(dialog.accessibleName(), "SSH Profil bearbeiten");
+    for (const auto* name : {"Name", "IP / Host", "Benutzername", "Passwort (nur Notizfeld)",
+                             "Extra SSH-Args (optional)"})
+        field(name)->setText(name);
     press(Qt::Key_Return);
     QTest::keyClick(&dialog, Qt::Key_Return);
     QTest::keyClick(&dialog, Qt::Key_Escape);
-    EXPECT_EQ(saved, std::vector{with(exampleProfile(), &SSHProfile::name, "web")});
+    const SSHProfile expected{exampleId(1),
+                              "Name",
+                              "IP / Host",
+                              "Benutzername",
+                              2222,
+                              exampleProfile().identityFile,
+                              "Passwort (nur Notizfeld)",
+                              "Extra SSH-Args (optional)",
+                              exampleCategory().id};
+    EXPECT_EQ(saved, std::vector{expected});
     EXPECT_EQ(cancels, 0);
 }
 
 TEST_F(ProfileEditorSheetTest, StaysOpenWithTheMessageOfAFailedSave) {
     QDialog& dialog = open(exampleProfile());
     const int height = dialog.height();
-    field("Port")->selectAll();
-    QTest::keyClicks(field("Port"), "22x");
-    press(Qt::Key_Return);
-    EXPECT_EQ(field("Port")->text(), "22x");
+    const QString message = "Port muss zwischen 1 und 65535 liegen.";
+    QLineEdit* port = field("Port");
+    const auto edge = [port] { return port->grab().toImage().pixelColor(1, port->height() / 2); };
+    port->setText("22x");
+    click(buttonOf(dialog, "Speichern"));
+    EXPECT_EQ(port->selectedText(), "22x");
     EXPECT_TRUE(QTest::qWaitFor([&] { return dialog.height() > height; }));
-    const auto labels = dialog.findChildren<QLabel*>();
-    EXPECT_TRUE(std::ranges::any_of(labels, [](const QLabel* label) {
-        return label->isVisible() && label->text() == "Port muss zwischen 1 und 65535 liegen.";
-    }));
+    EXPECT_NE(named<QLabel>(dialog, fromQString(message)), nullptr);
+    EXPECT_EQ(QApplication::focusWidget(), port);
+    EXPECT_EQ(port->accessibleDescription(), message);
+    EXPECT_GT(edge().red(), 2 * edge().blue());
+    press(Qt::Key_2);
+    EXPECT_LT(edge().red(), edge().blue());
+    EXPECT_EQ(port->accessibleDescription(), "");
+    EXPECT_NE(named<QLabel>(dialog, fromQString(message)), nullptr) << "until the next try";
     press(Qt::Key_Escape);
     EXPECT_EQ(cancels, 1);
     EXPECT_FALSE(dialog.isVisible() || !saved.empty());
 }
 
-TEST_F(ProfileEditorSheetTest, WalksInReadingOrder) {
-    open(exampleProfile());
+TEST_F(ProfileEditorSheetTest, WalksInReadingOrderAndSavesOnReturnUnlessItPressesAButton) {
+    int tabs = 0;
     for (const auto* name : {"Name", "IP / Host", "Benutzername", "Port", "Kategorie",
                              "Passwort (nur Notizfeld)", "Anzeigen", "Auswählen…", "Key entfernen",
                              "Extra SSH-Args (optional)", "Abbrechen", "Speichern"}) {
+        open(exampleProfile());
+        for (int tab = 0; tab < tabs; ++tab)
+            press(Qt::Key_Tab);
         EXPECT_EQ(spokenName(QApplication::focusWidget()), name);
-        press(Qt::Key_Tab);
+        EXPECT_TRUE(qobject_cast<QPushButton*>(buttonOf(*sheet, "Speichern"))->isDefault());
+        press(tabs % 2 ? Qt::Key_Return : Qt::Key_Enter);
+        EXPECT_EQ(sheet->isVisible(), 6 <= tabs && tabs <= 8) << name;
+        ++tabs;
     }
+    EXPECT_EQ(saved.size(), 9U);
+    EXPECT_EQ(filePanels.openPanel.title, "SSH Key auswählen");
+    open(exampleProfile());
+    QTest::keyClick(buttonOf(*sheet, "Abbrechen"), Qt::Key_Space);
+    EXPECT_EQ(cancels, 1);
 }
 
 TEST_F(ProfileEditorSheetTest, HandsBackUnchangedWhatNobodyEdited) {
@@ -118,6 +148,7 @@ TEST_F(ProfileEditorSheetTest, ShowsTheKeyFileThatIsChosen) {
     EXPECT_FALSE(buttonOf(*sheet, "Key entfernen")->isEnabled());
     filePanels.answer = " ";
     click(buttonOf(*sheet, "Auswählen…"));
+    EXPECT_NE(QApplication::focusWidget(), buttonOf(*sheet, "Auswählen…")) << "Return saves now";
     filePanels.answer = std::nullopt; // cancelled
     click(buttonOf(*sheet, "Auswählen…"));
     EXPECT_EQ(field("Key-Datei")->text(), " ");

@@ -5,6 +5,7 @@
 #include "support/Widgets.h"
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <gtest/gtest.h>
 
@@ -18,7 +19,7 @@ protected:
         sheet = std::make_unique<SnippetEditorSheet>(
             SnippetEditorView(
                 with(exampleSnippet(), &CommandSnippet::commandTemplate, commandTemplate), [] {},
-                [this](const CommandSnippet& snippet) { saved = snippet.commandTemplate; }),
+                [this](const CommandSnippet& snippet) { saved = snippet; }),
             nullptr);
         activate(*sheet);
         auto* editor = named<QPlainTextEdit>(*sheet, "Befehl (Template)");
@@ -27,7 +28,7 @@ protected:
     }
 
     std::unique_ptr<SnippetEditorSheet> sheet;
-    std::string saved;
+    CommandSnippet saved;
 };
 
 } // namespace
@@ -43,7 +44,7 @@ TEST_F(SnippetEditorSheetTest, KeepsLineBreaksThatAreTypedAndLeavesTheTemplateBy
     QTest::keyClick(&editor, Qt::Key_Tab);
     EXPECT_EQ(QApplication::focusWidget(), buttonOf(*sheet, "Abbrechen"));
     click(buttonOf(*sheet, "Speichern"));
-    EXPECT_EQ(saved, "a\u00a0b\nc\n");
+    EXPECT_EQ(saved.commandTemplate, "a\u00a0b\nc\n");
 }
 
 TEST_F(SnippetEditorSheetTest, HandsBackUnchangedWhatNobodyEdited) {
@@ -53,8 +54,26 @@ TEST_F(SnippetEditorSheetTest, HandsBackUnchangedWhatNobodyEdited) {
         if (time == 1) QTest::keyClick(&editor, Qt::Key_X);
         editor.undo();
         click(buttonOf(*sheet, "Speichern"));
-        EXPECT_EQ(saved, odd);
+        EXPECT_EQ(saved.commandTemplate, odd);
     }
+}
+
+TEST_F(SnippetEditorSheetTest, ShowsTheFocusAndTheErrorOnTheFrameOfTheTemplate) {
+    QPlainTextEdit& editor = open(" ");
+    const auto edge = [frame = editor.parentWidget()] {
+        return frame->grab().toImage().pixelColor(1, frame->height() / 2);
+    };
+    EXPECT_EQ(edge(), editor.palette().color(QPalette::Highlight));
+    auto* hint = named<QLineEdit>(*sheet, "Hinweis (optional)");
+    hint->setFocus();
+    EXPECT_EQ(edge(), editor.palette().color(QPalette::Base));
+    hint->setText("h");
+    QTest::keyClick(hint, Qt::Key_Return);
+    EXPECT_TRUE(editor.hasFocus() && edge().red() > 2 * edge().blue());
+    editor.setPlainText("c");
+    EXPECT_EQ(edge(), editor.palette().color(QPalette::Highlight));
+    QTest::keyClick(hint, Qt::Key_Return);
+    EXPECT_EQ(saved.hint + saved.commandTemplate, "hc");
 }
 
 } // namespace korvan
