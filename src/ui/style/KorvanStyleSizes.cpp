@@ -16,7 +16,8 @@ namespace {
 
 constexpr int kControlHeight = 28;
 constexpr int kRowHeight = 28;
-constexpr int kPadding = 10;      // beside a control's label
+constexpr int kPadding = 10; // beside a control's label
+constexpr int kLinkPadding = 8;
 constexpr int kSymbolPadding = 6; // around a symbol that is all of a button
 constexpr int kShortcutGap = 24;  // between a menu item and its shortcut
 constexpr int kDialogButton = 88; // least width of a button in a dialog
@@ -26,6 +27,10 @@ constexpr int kLeastSlider = 32;
 
 // The room for the arrow of a picker, and for that of a menu in a menu.
 int arrowRoom() { return symbolSize() * 3 / 2; }
+
+bool isLink(const QStyleOptionButton& button) {
+    return button.features.testFlag(QStyleOptionButton::Flat);
+}
 
 QRect sliderRect(const QStyleOptionSlider& bar) {
     const bool isHorizontal = bar.orientation == Qt::Horizontal;
@@ -105,8 +110,8 @@ QSize KorvanStyle::sizeFromContents(ContentsType type, const QStyleOption* optio
     switch (type) {
     case CT_PushButton: {
         const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
-        const bool isPlain =
-            button && button->icon.isNull() && !button->features.testFlag(QStyleOptionButton::Flat);
+        if (button && isLink(*button)) return {contents.width() + 2 * kLinkPadding, height};
+        const bool isPlain = button && button->icon.isNull();
         const bool isInDialog = widget && qobject_cast<const QDialog*>(widget->window());
         const int width = contents.width() + 2 * kPadding + (isPlain ? 2 : 4);
         return {isPlain && isInDialog ? std::max(width, kDialogButton) : width, height};
@@ -145,6 +150,11 @@ QSize KorvanStyle::sizeFromContents(ContentsType type, const QStyleOption* optio
 QRect KorvanStyle::subElementRect(SubElement element, const QStyleOption* option,
                                   const QWidget* widget) const {
     switch (element) {
+    case SE_PushButtonLayoutItem: { // a link's text ends where its neighbours do, its ring beyond
+        const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+        return button && isLink(*button) ? option->rect.adjusted(kLinkPadding, 0, -kLinkPadding, 0)
+                                         : option->rect;
+    }
     case SE_PushButtonContents: return option->rect.adjusted(kPadding, 0, -kPadding, 0);
     case SE_LineEditContents: {
         const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
