@@ -3,6 +3,7 @@
 
 #include "platform/desktop/QtText.h"
 #include "ui/style/Controls.h"
+#include "ui/style/UserText.h"
 
 #include <QComboBox>
 #include <QEvent>
@@ -22,11 +23,6 @@ constexpr int kIdentityFileSpacing = 8;
 
 const QString kShowPassword = QStringLiteral("Anzeigen");
 const QString kHidePassword = QStringLiteral("Verbergen");
-
-// A text as a tooltip that is never taken for markup.
-QString plainToolTip(const QString& text) {
-    return Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text;
-}
 
 } // namespace
 
@@ -150,7 +146,7 @@ void ProfileEditorSheet::refresh() {
     const QString path = toQString(m_view.profile.identityFile);
     if (m_identityFile->text() != path) {
         m_identityFile->setText(path); // leaves the cursor, and so what is visible, at the end
-        m_identityFile->setToolTip(plainToolTip(path));
+        m_identityFile->setToolTip(toolTipFor(path));
     }
     m_clearIdentityFile->setEnabled(!path.isEmpty());
 }

@@ -10,7 +10,6 @@
 #include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
-#include <QTextLayout>
 #include <QToolTip>
 #include <QVariant>
 #include <algorithm>
@@ -129,9 +128,8 @@ ElidedLabel::ElidedLabel(TextStyle style, SemanticColor color, int lines, QWidge
 }
 
 QSize ElidedLabel::sizeHint() const {
-    const auto metrics = fontMetrics();
-    const auto size = metrics.size(0, text());
-    return {size.width() + 1, std::min(size.height(), m_lines * metrics.lineSpacing())};
+    const auto size = fontMetrics().size(0, text());
+    return {size.width() + 1, shownHeight(text(), font(), size.width() + 1, m_lines)};
 }
 
 QSize ElidedLabel::minimumSizeHint() const {
@@ -140,18 +138,16 @@ QSize ElidedLabel::minimumSizeHint() const {
 }
 
 int ElidedLabel::heightForWidth(int width) const {
-    return static_cast<int>(shownLines(width).size()) * fontMetrics().lineSpacing();
+    return shownHeight(text(), font(), width, m_lines);
 }
 
 bool ElidedLabel::event(QEvent* event) {
-    if (event->type() == QEvent::ToolTip && toolTip().isEmpty()) {
-        const bool isCut =
-            shownLines(width()).join(QString()).endsWith(u'…') && !text().endsWith(u'…');
-        if (isCut) {
-            QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text().toHtmlEscaped(),
-                               this);
-            return true;
-        }
+    if (event->type() == QEvent::ToolTip && toolTip().isEmpty() && shown(width()).isCut) {
+        // Of what is copied, each character counts: it stays in a font that tells them apart.
+        const auto isCode = design() == FontDesign::monospaced;
+        showToolTip(static_cast<QHelpEvent*>(event)->globalPos(), text(),
+                    isCode ? font() : QToolTip::font(), *this, rect());
+        return true;
     }
     return Label::event(event);
 }
@@ -161,43 +157,14 @@ void ElidedLabel::paintEvent(QPaintEvent*) {
     painter.setPen(palette().color(foregroundRole()));
     const auto alignment = QStyle::visualAlignment(layoutDirection(), this->alignment());
     painter.drawText(contentsRect(), static_cast<int>(alignment) | Qt::TextIncludeTrailingSpaces,
-                     shownLines(contentsRect().width()).join(u'\n'));
+                     shown(contentsRect().width()).lines.join(u'\n'));
 }
 
-QStringList ElidedLabel::shownLines(int width) const {
-    return elidedLines(text(), font(), width, m_lines);
-}
+ShownText ElidedLabel::shown(int width) const { return shownText(text(), font(), width, m_lines); }
 
 void setTextStyle(QWidget& widget, TextStyle style, FontDesign design) {
     widget.setFont(fontFor(style, design));
     new FontFollower(widget, style, design);
-}
-
-QStringList elidedLines(const QString& text, const QFont& font, int width, int lines) {
-    auto whole = text;
-    whole.replace(u'\n', QChar::LineSeparator);
-    QTextOption option;
-    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    QTextLayout layout(whole, font);
-    layout.setTextOption(option);
-
-    QStringList shown;
-    qsizetype begin = 0;
-    layout.beginLayout();
-    for (auto line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        line.setLineWidth(width);
-        if (shown.size() + 1 == lines) break;
-        begin = line.textStart() + line.textLength();
-        shown.append(whole.mid(line.textStart(), line.textLength()).remove(QChar::LineSeparator));
-    }
-    layout.endLayout();
-    if (shown.size() < lines && (begin < whole.size() || shown.isEmpty())) {
-        auto rest = whole.mid(begin);
-        const auto end = rest.indexOf(QChar::LineSeparator);
-        if (end >= 0) rest = rest.left(end) + u'…';
-        shown.append(QFontMetrics(font).elidedText(rest, Qt::ElideRight, width));
-    }
-    return shown;
 }
 
 QPushButton* makeButton(const QString& symbolIdentifier, const QString& label,

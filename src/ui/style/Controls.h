@@ -3,11 +3,11 @@
 
 #include "ui/style/Colors.h"
 #include "ui/style/TextStyles.h"
+#include "ui/style/UserText.h"
 
 #include <QLabel>
 #include <QPushButton>
 #include <QString>
-#include <QStringList>
 #include <QToolButton>
 
 namespace korvan {
@@ -24,6 +24,7 @@ public:
     // Bold whatever the style says.
     void setBold();
     void setDesign(FontDesign design);
+    [[nodiscard]] FontDesign design() const { return m_design; }
 
 protected:
     bool event(QEvent* event) override;
@@ -58,17 +59,13 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    [[nodiscard]] QStringList shownLines(int width) const;
+    [[nodiscard]] ShownText shown(int width) const;
 
     int m_lines;
 };
 
 // `widget` has a font in one of our styles from now on, also after the desktop's font has changed.
 void setTextStyle(QWidget& widget, TextStyle style, FontDesign design = FontDesign::standard);
-
-// `text` broken into at most `lines` lines of at most `width` logical pixels, the last one with an
-// ellipsis when more would follow. At least one line, which may be empty.
-[[nodiscard]] QStringList elidedLines(const QString& text, const QFont& font, int width, int lines);
 
 // A push button that shows a symbol and then its label. `color` is that of both.
 [[nodiscard]] QPushButton* makeButton(const QString& symbolIdentifier, const QString& label,

@@ -5,11 +5,11 @@
 #include "ui/style/Palettes.h"
 #include "ui/style/Symbols.h"
 
-#include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
 #include <QFontMetrics>
+#include <QFrame>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
@@ -325,28 +325,6 @@ TEST(KorvanStyle, DoesNotTakeTheFontForCodeForTheOneOfAllTexts) {
     EXPECT_EQ(becomes(QFont(u"DejaVu Serif"_s)), u"DejaVu Serif");
     EXPECT_EQ(becomes(QFont(u"DejaVu Sans Mono"_s)), u"DejaVu Serif");
     QApplication::setFont(before);
-}
-
-TEST(ElidedLabel, CutsWhatIsShownAndReadsTheWhole) {
-    QWidget column;
-    QVBoxLayout layout(&column);
-    ElidedLabel label(TextStyle::caption, SemanticColor::secondary, 2);
-    layout.addWidget(&label);
-    layout.addStretch();
-    column.resize(180, 200);
-    column.show();
-    const int line = label.fontMetrics().lineSpacing();
-    const QString command = QStringLiteral("ssh -p 22 root@host\n") + QString(300, u'x');
-    for (const auto& [text, lines] : {std::pair(QStringLiteral("ls"), 1), std::pair(command, 2)}) {
-        label.setText(text);
-        layout.activate();
-        EXPECT_EQ(label.height(), lines * line);
-        const auto shown = elidedLines(text, label.font(), label.width(), 2);
-        EXPECT_EQ(shown.size(), lines);
-        EXPECT_EQ(shown.last().endsWith(u'…'), text == command);
-        EXPECT_LE(label.fontMetrics().horizontalAdvance(shown.last()), label.width());
-    }
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(&label)->text(QAccessible::Name), command);
 }
 
 } // namespace korvan
