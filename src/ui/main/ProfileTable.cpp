@@ -1,15 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/ProfileTable.h"
 
+#include "ui/main/KeyboardFocus.h"
+#include "ui/main/ProfileCell.h"
+#include "ui/style/Drawing.h"
 #include "ui/style/TextStyles.h"
 
+#include <QFontInfo>
 #include <QFontMetrics>
 #include <QHeaderView>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QStyle>
+#include <QStyleOption>
 #include <algorithm>
+#include <cmath>
 #include <unordered_set>
 #include <vector>
 
@@ -35,15 +42,47 @@ constexpr std::array<ColumnLimits, ProfileTableModel::columnTotal> kColumns = {{
     {40, 50, 60},           // key
 }};
 
+// The font size that the limits are made for, in pixels; larger text needs wider columns.
+constexpr double kUsualText = 14.67;
 constexpr int kMinimumWidth = 520;
 constexpr int kRowPadding = 12; // above and below the text together
 
-const ColumnLimits& limitsOf(int column) { return kColumns[static_cast<std::size_t>(column)]; }
+// How much wider than usual the columns are, for a larger text.
+double columnScale() {
+    return std::max(1.0, QFontInfo(fontFor(TextStyle::body)).pixelSize() / kUsualText);
+}
+
+ColumnLimits limitsOf(int column, double scale) {
+    const auto scaled = [scale](int width) { return static_cast<int>(std::lround(width * scale)); };
+    const ColumnLimits& usual = kColumns[static_cast<std::size_t>(column)];
+    return {scaled(usual.minimum), scaled(usual.ideal),
+            usual.maximum == kNoMaximum ? kNoMaximum : scaled(usual.maximum)};
+}
+
+// What goes on beside the header, above the scroll bar.
+class HeaderEnd final : public QWidget {
+public:
+    explicit HeaderEnd(QHeaderView* header) : m_header(header) { follow(); }
+
+    void follow() { setFixedHeight(m_header->height()); }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QStyleOption option;
+        option.initFrom(m_header);
+        option.rect = rect();
+        QPainter painter(this);
+        style()->drawControl(QStyle::CE_HeaderEmptyArea, &option, &painter, m_header);
+    }
+
+private:
+    QHeaderView* m_header;
+};
 
 } // namespace
 
 ProfileTable::ProfileTable(ContentView& view, QWidget* parent)
-    : QTableView(parent), m_view(view), m_model(view) {
+    : QTableView(parent), m_view(view), m_model(view), m_cell(new ProfileCell(this)) {
     configure();
     restyle();
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
@@ -55,6 +94,8 @@ ProfileTable::ProfileTable(ContentView& view, QWidget* parent)
 
 void ProfileTable::configure() {
     setModel(&m_model);
+    setItemDelegate(m_cell);
+    viewport()->setAttribute(Qt::WA_Hover);
     setAccessibleName(u"Profile"_s);
     setMinimumWidth(kMinimumWidth);
     setFrameShape(QFrame::NoFrame);
@@ -72,19 +113,25 @@ void ProfileTable::configure() {
     QHeaderView* header = horizontalHeader();
     header->setHighlightSections(false);
     header->setSectionsClickable(false);
-    // One minimum for all columns is all that a header knows; limitColumn does the rest.
-    header->setMinimumSectionSize(std::ranges::min(kColumns, {}, &ColumnLimits::minimum).minimum);
-    for (int column = 0; column < ProfileTableModel::columnTotal; ++column)
-        setColumnWidth(column, limitsOf(column).ideal);
+    auto* end = new HeaderEnd(header);
+    addScrollBarWidget(end, Qt::AlignTop);
+    connect(header, &QHeaderView::geometriesChanged, end, &HeaderEnd::follow);
 }
 
 void ProfileTable::restyle() {
     m_model.restyle();
+    m_columnScale = columnScale();
     const int text =
         std::max(QFontMetrics(fontFor(TextStyle::body)).height(),
                  QFontMetrics(fontFor(TextStyle::body, FontDesign::monospaced)).height());
     verticalHeader()->setMinimumSectionSize(text);
     verticalHeader()->setDefaultSectionSize(text + kRowPadding);
+    // One minimum for all columns is all that a header knows; limitColumn does the rest.
+    horizontalHeader()->setMinimumSectionSize(
+        limitsOf(ProfileTableModel::key, m_columnScale).minimum);
+    if (!m_hasUserWidths) fitColumns();
+    for (int column = 0; m_hasUserWidths && column < ProfileTableModel::columnTotal; ++column)
+        limitColumn(column, columnWidth(column));
     viewport()->update();
 }
 
@@ -98,6 +145,7 @@ void ProfileTable::refresh() {
     const bool isSameFilter = m_shownFilter == *m_view.categoryFilter;
     const int scrolled = isSameFilter ? verticalScrollBar()->value() : 0;
     m_shownFilter = m_view.categoryFilter;
+    const int current = currentIndex().row();
     bool wasReset = false;
     {
         // A reset empties the table's selection; that is no wish of the user.
@@ -106,6 +154,11 @@ void ProfileTable::refresh() {
     }
     if (wasReset || m_shownSelection != *m_view.selection) showSelection();
     if (wasReset) {
+        // The keyboard goes on from where it was.
+        if (current >= 0 && !currentIndex().isValid())
+            selectionModel()->setCurrentIndex(
+                m_model.index(std::min(current, m_model.rowCount() - 1), 0),
+                QItemSelectionModel::NoUpdate);
         updateGeometries();
         verticalScrollBar()->setValue(scrolled);
     }
@@ -145,26 +198,24 @@ void ProfileTable::takeOverSelection() {
     m_view.selection = m_shownSelection;
 }
 
-QRect ProfileTable::textRectOf(const QModelIndex& index) const {
-    const QString text = index.data(Qt::DisplayRole).toString();
-    if (text.isEmpty()) return {};
-    const QFontMetrics metrics(index.data(Qt::FontRole).value<QFont>());
-    const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
-    const QRect cell = visualRect(index).adjusted(margin, 0, -margin, 0);
-    const QSize size(std::min(metrics.horizontalAdvance(text), cell.width()), metrics.height());
-    return QStyle::alignedRect(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter, size, cell);
-}
-
 const SSHProfile* ProfileTable::profileWithTextAt(QPoint position) const {
     const QModelIndex index = indexAt(position);
-    return textRectOf(index).contains(position) ? m_model.profileAt(index.row()) : nullptr;
+    const bool isText = m_cell->textRect(visualRect(index), index).contains(position);
+    return isText ? m_model.profileAt(index.row()) : nullptr;
 }
 
 void ProfileTable::mousePressEvent(QMouseEvent* event) {
+    if (showsKeyboardFocus(*this)) viewport()->update();
+    noteMouse(*this);
     QTableView::mousePressEvent(event);
     const bool isPlainClick =
         event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier;
     if (!isPlainClick) return;
+    if (!indexAt(event->position().toPoint()).isValid()) {
+        clearSelection();
+        m_view.selection = ProfileSelection(); // with the ids of profiles that are gone
+        return;
+    }
     // Not left to the table's own selection: that says nothing where the row is selected already,
     // though the state may still hold the id of a profile that is gone.
     if (const SSHProfile* profile = profileWithTextAt(event->position().toPoint()))
@@ -180,6 +231,102 @@ void ProfileTable::mouseDoubleClickEvent(QMouseEvent* event) {
     m_view.connect(*profile);
 }
 
+// A row is what the keyboard moves by: Home and End are the first and the last one.
+QModelIndex ProfileTable::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    const int column = std::max(currentIndex().column(), 0);
+    if (action == MoveHome) return m_model.index(0, column);
+    if (action == MoveEnd) return m_model.index(m_model.rowCount() - 1, column);
+    return QTableView::moveCursor(action, modifiers);
+}
+
+void ProfileTable::keyPressEvent(QKeyEvent* event) {
+    if (!showsKeyboardFocus(*this)) viewport()->update();
+    noteKeyboard(*this);
+    const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    const int row = isPlain && !selectionModel()->hasSelection() ? firstRowFor(event->key()) : -1;
+    if (row < 0) return QTableView::keyPressEvent(event);
+    selectionModel()->setCurrentIndex(m_model.index(row, 0), QItemSelectionModel::ClearAndSelect |
+                                                                 QItemSelectionModel::Rows);
+}
+
+// Where nothing is selected, an arrow begins with the row that has the keyboard, not with the next.
+int ProfileTable::firstRowFor(int key) const {
+    const int last = m_model.rowCount() - 1;
+    switch (key) {
+    case Qt::Key_Down:
+    case Qt::Key_Up:
+    case Qt::Key_PageDown:
+    case Qt::Key_PageUp:
+    case Qt::Key_Space: return std::min(std::max(currentIndex().row(), 0), last);
+    case Qt::Key_Home: return std::min(0, last);
+    case Qt::Key_End: return last;
+    default: return -1;
+    }
+}
+
+void ProfileTable::paintEvent(QPaintEvent* event) {
+    QTableView::paintEvent(event);
+    if (!showsKeyboardFocus(*this)) return;
+    QPainter painter(viewport());
+    const QModelIndex current = currentIndex();
+    if (!current.isValid()) return drawFocusRing(painter, viewport()->rect(), palette(), 0);
+    // As far as it can be seen, so that the ring is closed.
+    const QRect row = visualRect(current.siblingAtColumn(0))
+                          .united(visualRect(current.siblingAtColumn(ProfileTableModel::key)));
+    const QRect shown(std::max(row.left(), 0), row.top(),
+                      std::min(row.right() + 1, viewport()->width()) - std::max(row.left(), 0),
+                      row.height());
+    // At the edge of a selected row, a ring in its text's colour would only make the row smaller.
+    if (selectionModel()->isSelected(current))
+        drawFocusRing(painter, shown.adjusted(2, 2, -2, -2), palette(), kSmallRadius,
+                      RingGround::selection);
+    else
+        drawFocusRing(painter, shown, palette(), kSmallRadius);
+}
+
+// The ring is around the whole row.
+void ProfileTable::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTableView::currentChanged(current, previous);
+    updateRow(previous.row());
+    updateRow(current.row());
+}
+
+void ProfileTable::updateRow(int row) {
+    if (row >= 0)
+        viewport()->update(0, rowViewportPosition(row), viewport()->width(), rowHeight(row));
+}
+
+void ProfileTable::focusInEvent(QFocusEvent* event) {
+    QTableView::focusInEvent(event);
+    viewport()->update(); // all of its rows, not the current one alone
+}
+
+void ProfileTable::focusOutEvent(QFocusEvent* event) {
+    QTableView::focusOutEvent(event);
+    viewport()->update();
+}
+
+bool ProfileTable::viewportEvent(QEvent* event) {
+    const bool isDone = QTableView::viewportEvent(event);
+    if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverMove)
+        showHoverAt(static_cast<QHoverEvent*>(event)->position().toPoint());
+    if (event->type() == QEvent::HoverLeave) showHoverAt({-1, -1});
+    return isDone;
+}
+
+void ProfileTable::scrollContentsBy(int dx, int dy) {
+    QTableView::scrollContentsBy(dx, dy);
+    if (m_cell->hoveredRow() >= 0) showHoverAt(viewport()->mapFromGlobal(QCursor::pos()));
+}
+
+void ProfileTable::showHoverAt(QPoint position) {
+    const int row = viewport()->rect().contains(position) ? indexAt(position).row() : -1;
+    if (row == m_cell->hoveredRow()) return;
+    updateRow(m_cell->hoveredRow());
+    updateRow(row);
+    m_cell->setHoveredRow(row);
+}
+
 void ProfileTable::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
     if (!m_hasUserWidths) fitColumns();
@@ -192,14 +339,15 @@ void ProfileTable::fitColumns() {
     int ideal = 0;
     int slack = 0;
     int open = 0;
-    for (const ColumnLimits& limits : kColumns) {
+    for (int column = 0; column < ProfileTableModel::columnTotal; ++column) {
+        const ColumnLimits limits = limitsOf(column, m_columnScale);
         ideal += limits.ideal;
         slack += limits.ideal - limits.minimum;
         if (limits.maximum == kNoMaximum) open += limits.ideal;
     }
     int extra = std::max(viewport()->width() - ideal, -slack);
     for (int column = 0; column < ProfileTableModel::columnTotal; ++column) {
-        const ColumnLimits& limits = limitsOf(column);
+        const ColumnLimits limits = limitsOf(column, m_columnScale);
         const bool isOpen = limits.maximum == kNoMaximum;
         int& total = extra < 0 ? slack : open;
         const int part = extra < 0 ? limits.ideal - limits.minimum : isOpen ? limits.ideal : 0;
@@ -214,7 +362,7 @@ void ProfileTable::fitColumns() {
 void ProfileTable::limitColumn(int column, int width) {
     if (m_isFittingColumns) return;
     m_hasUserWidths = true;
-    const ColumnLimits& limits = limitsOf(column);
+    const ColumnLimits limits = limitsOf(column, m_columnScale);
     const int allowed = std::clamp(width, limits.minimum, limits.maximum);
     if (allowed != width) horizontalHeader()->resizeSection(column, allowed);
 }

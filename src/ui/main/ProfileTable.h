@@ -9,9 +9,12 @@
 
 namespace korvan {
 
+class ProfileCell;
+
 // The table of profiles. Its selection and the window's are the same: it follows the state, and
 // what the user selects is written there. A click on a cell's text selects that profile alone, a
-// double click on it connects, too. The state must outlive it.
+// double click on it connects, too; a click beside all rows selects nothing. The state must outlive
+// it.
 class ProfileTable final : public QTableView {
     Q_OBJECT
 
@@ -23,6 +26,14 @@ public:
 protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void paintEvent(QPaintEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
 
@@ -32,7 +43,10 @@ private:
 
     // The profile whose text is at `position` in the viewport, null where there is none.
     [[nodiscard]] const SSHProfile* profileWithTextAt(QPoint position) const;
-    [[nodiscard]] QRect textRectOf(const QModelIndex& index) const;
+    // The row that a key begins with where none is selected, -1 for a key that selects none.
+    [[nodiscard]] int firstRowFor(int key) const;
+    void updateRow(int row);
+    void showHoverAt(QPoint position);
 
     void showSelection();
     void takeOverSelection();
@@ -42,9 +56,11 @@ private:
 
     ContentView& m_view;
     ProfileTableModel m_model;
+    ProfileCell* m_cell;
     ProfileSelection m_shownSelection;
     CategoryFilter m_shownFilter = CategoryFilter::all();
     bool m_isShowingSelection = false; // the table's own change is not the user's
+    double m_columnScale = 1;
     bool m_isFittingColumns = false;
     bool m_hasUserWidths = false; // from then on widths are the user's business
 };

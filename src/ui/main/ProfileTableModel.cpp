@@ -5,6 +5,7 @@
 #include "platform/desktop/QtText.h"
 #include "ui/style/Colors.h"
 #include "ui/style/TextStyles.h"
+#include "ui/style/UserText.h"
 
 #include <QGuiApplication>
 #include <QPalette>
@@ -16,22 +17,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A cell has one line, whatever the text holds.
-QString onOneLine(const std::string& text) {
-    QString line = toQString(text);
-    for (QChar& character : line)
-        if (character == u'\n' || character == u'\r' || character == QChar::LineSeparator ||
-            character == QChar::ParagraphSeparator)
-            character = u' ';
-    return line;
+// What a person wrote, null for a column that only tells whether there is something.
+const std::string* writtenText(const SSHProfile& profile, int column) {
+    switch (column) {
+    case ProfileTableModel::name: return &profile.name;
+    case ProfileTableModel::host: return &profile.host;
+    case ProfileTableModel::user: return &profile.user;
+    default: return nullptr;
+    }
 }
 
 QString cellText(const SSHProfile& profile, int column) {
+    if (const std::string* text = writtenText(profile, column)) return onOneLine(toQString(*text));
     switch (column) {
-    case ProfileTableModel::name: return onOneLine(profile.name);
-    case ProfileTableModel::host: return onOneLine(profile.host);
     case ProfileTableModel::port: return QString::number(profile.port);
-    case ProfileTableModel::user: return onOneLine(profile.user);
     case ProfileTableModel::password: return isBlank(profile.password) ? QString() : u"••••••••"_s;
     case ProfileTableModel::key: return isBlank(profile.identityFile) ? QString() : u"✓"_s;
     default: return {};
@@ -124,6 +123,10 @@ QVariant ProfileTableModel::data(const QModelIndex& index, int role) const {
     const int column = index.column();
     switch (role) {
     case Qt::DisplayRole: return cellText(*profile, column);
+    case kWrittenText: {
+        const std::string* text = writtenText(*profile, column);
+        return text ? toQString(*text) : QString();
+    }
     case Qt::AccessibleTextRole: return spokenText(*profile, column);
     case Qt::ForegroundRole: return cellColor(*profile, column);
     case Qt::FontRole:

@@ -19,6 +19,9 @@ class ProfileTableModel final : public QAbstractTableModel {
 public:
     enum Column { name, host, port, user, password, key, columnTotal };
 
+    // A text as it is written, where the shown one is one line of it. Empty for other cells.
+    static constexpr int kWrittenText = Qt::UserRole;
+
     explicit ProfileTableModel(const ContentView& view, QObject* parent = nullptr);
 
     // Takes over what changed since the last call. Answers whether rows came, went or moved, in
