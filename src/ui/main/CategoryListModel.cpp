@@ -2,14 +2,19 @@
 #include "ui/main/CategoryListModel.h"
 
 #include "platform/desktop/QtText.h"
+#include "ui/main/CategoryList.h"
 #include "ui/style/Colors.h"
+#include "ui/style/Drawing.h"
 #include "ui/style/Symbols.h"
 #include "ui/style/TextStyles.h"
+#include "ui/style/UserText.h"
 
 #include <QFontMetrics>
 #include <QGuiApplication>
+#include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
+#include <QToolTip>
 #include <algorithm>
 #include <utility>
 
@@ -84,7 +89,8 @@ QVariant CategoryListModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || index.row() >= rowCount()) return {};
     const Row& row = m_rows[static_cast<std::size_t>(index.row())];
     switch (role) {
-    case Qt::DisplayRole: return row.title;
+    case Qt::DisplayRole: return onOneLine(row.title);
+    case kWrittenText: return row.title;
     case Qt::AccessibleDescriptionRole:
         return isMarked(index.row()) ? u"Aktiver Filter"_s : QString();
     default: return {};
@@ -99,47 +105,78 @@ Qt::ItemFlags CategoryListModel::flags(const QModelIndex& index) const {
 FilterRowDelegate::FilterRowDelegate(const CategoryListModel& model, QObject* parent)
     : QStyledItemDelegate(parent), m_model(model) {}
 
+namespace {
+
+QFont fontOf(bool isHeading) {
+    QFont font = fontFor(isHeading ? TextStyle::subheadline : TextStyle::body);
+    font.setBold(isHeading);
+    return font;
+}
+
+} // namespace
+
+// Where a row's title stands. The mark is beside it.
+QRect FilterRowDelegate::titleRect(const QStyleOptionViewItem& option,
+                                   const QModelIndex& index) const {
+    const bool isHeading = !m_model.filterAt(index.row());
+    const int mark = m_model.isMarked(index.row()) ? kSymbolSize + kRowInset : 0;
+    return option.rect.adjusted(kRowInset, isHeading ? kHeadingGap : 0, -kRowInset - mark, 0);
+}
+
 QSize FilterRowDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const {
     const bool isHeading = !m_model.filterAt(index.row());
-    const QFontMetrics metrics(fontFor(isHeading ? TextStyle::subheadline : TextStyle::body));
-    return {0, metrics.height() + 2 * kRowPadding + (isHeading ? kHeadingGap : 4)};
+    const QFontMetrics metrics(fontOf(isHeading));
+    return {0, metrics.height() + 2 * kRowPadding + (isHeading ? kHeadingGap : 0)};
 }
 
 void FilterRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const {
     painter->save();
     const bool isHeading = !m_model.filterAt(index.row());
-    const bool isMarked = m_model.isMarked(index.row());
-    if (isMarked) {
+    const auto* list = qobject_cast<const CategoryList*>(option.widget);
+    const QRect title = titleRect(option, index);
+    if (m_model.isMarked(index.row())) {
         QColor highlight = colorFor(SemanticColor::accent, option.palette);
         highlight.setAlphaF(kHighlightOpacity);
         painter->fillRect(option.rect, highlight);
+        const QRect beside(title.right() + 1 + kRowInset, title.top(), kSymbolSize, title.height());
+        symbol(u"checkmark"_s, SemanticColor::secondary)
+            .paint(painter, QStyle::alignedRect(option.direction, Qt::AlignCenter,
+                                                {kSymbolSize, kSymbolSize}, beside));
     }
-    QRect content = option.rect.adjusted(kRowInset, isHeading ? kHeadingGap : 0, -kRowInset, 0);
-    if (isMarked) {
-        const QRect mark = QStyle::alignedRect(option.direction, Qt::AlignRight | Qt::AlignVCenter,
-                                               {kSymbolSize, kSymbolSize}, content);
-        symbol(u"checkmark"_s, SemanticColor::secondary).paint(painter, mark);
-        content.setRight(mark.left() - kRowInset);
-    }
-    QFont font = fontFor(isHeading ? TextStyle::subheadline : TextStyle::body);
-    font.setBold(isHeading);
+    if (!isHeading && list && list->pressedRow() == index)
+        drawRowWash(*painter, option.rect, option.palette, Wash::pressed);
+    else if (!isHeading && option.state.testFlag(QStyle::State_MouseOver))
+        drawRowWash(*painter, option.rect, option.palette, Wash::hovered);
+    const QFont font = fontOf(isHeading);
     painter->setFont(font);
     // Not the option's palette: that one is the disabled one for a heading, which nobody can
     // choose.
     painter->setPen(colorFor(isHeading ? SemanticColor::secondary : SemanticColor::primary,
                              QGuiApplication::palette()));
     const QString text =
-        QFontMetrics(font).elidedText(index.data().toString(), Qt::ElideRight, content.width());
-    painter->drawText(content, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
+        QFontMetrics(font).elidedText(index.data().toString(), Qt::ElideRight, title.width());
+    painter->drawText(title, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
 
     // Where the next Return would filter.
-    if (option.state.testFlag(QStyle::State_HasFocus)) {
-        painter->setRenderHint(QPainter::Antialiasing);
-        painter->setPen(colorFor(SemanticColor::accent, option.palette));
-        painter->drawRoundedRect(QRectF(option.rect).adjusted(1.5, 1.5, -1.5, -1.5), 4, 4);
-    }
+    if (list && option.state.testFlag(QStyle::State_HasFocus) && showsKeyboardFocus(*list))
+        drawFocusRing(*painter, option.rect, option.palette, kSmallRadius);
     painter->restore();
+}
+
+bool FilterRowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
+                                  const QStyleOptionViewItem& option, const QModelIndex& index) {
+    if (event->type() != QEvent::ToolTip)
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    const QString written = index.data(CategoryListModel::kWrittenText).toString();
+    const QString shown = index.data().toString();
+    const QFontMetrics metrics(fontOf(!m_model.filterAt(index.row())));
+    const bool isCut = metrics.horizontalAdvance(shown) > titleRect(option, index).width();
+    if (isCut || shown != written)
+        showToolTip(event->globalPos(), written, QToolTip::font(), *view->viewport(), option.rect);
+    else
+        QToolTip::hideText();
+    return true;
 }
 
 } // namespace korvan

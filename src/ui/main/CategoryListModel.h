@@ -19,6 +19,9 @@ class CategoryListModel final : public QAbstractListModel {
     Q_OBJECT
 
 public:
+    // A title as it is written. Shown, it has one line.
+    static constexpr int kWrittenText = Qt::UserRole;
+
     explicit CategoryListModel(const ContentView& view, QObject* parent = nullptr);
 
     void refresh();
@@ -61,8 +64,14 @@ public:
                const QModelIndex& index) const override;
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
                                  const QModelIndex& index) const override;
+    // Tells a title that is cut.
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override;
 
 private:
+    [[nodiscard]] QRect titleRect(const QStyleOptionViewItem& option,
+                                  const QModelIndex& index) const;
+
     const CategoryListModel& m_model;
 };
 

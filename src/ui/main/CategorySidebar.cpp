@@ -2,15 +2,16 @@
 #include "ui/main/CategorySidebar.h"
 
 #include "platform/desktop/QtText.h"
+#include "ui/main/CategoryList.h"
 #include "ui/main/CategoryListModel.h"
+#include "ui/main/ColumnHeading.h"
 #include "ui/style/Controls.h"
 
 #include <QContextMenuEvent>
-#include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QListView>
 #include <QMenu>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace korvan {
 
@@ -20,6 +21,7 @@ namespace {
 
 constexpr int kPadding = 12;
 constexpr int kSpacing = 10;
+constexpr int kHeadingSpacing = 4;
 constexpr int kMinimumWidth = 200;
 constexpr int kMaximumWidth = 380;
 
@@ -27,22 +29,18 @@ constexpr int kMaximumWidth = 380;
 
 CategorySidebar::CategorySidebar(ContentView& view, QWidget* parent)
     : QWidget(parent), m_view(view), m_model(new CategoryListModel(view, this)),
-      m_list(new QListView) {
+      m_list(new CategoryList) {
     setAutoFillBackground(true);
-    setMinimumWidth(kMinimumWidth);
-    setMaximumWidth(kMaximumWidth);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(kPadding, kPadding, kPadding, kPadding);
     layout->setSpacing(kSpacing);
-    layout->addWidget(makeHeading());
+    m_heading = makeHeading();
+    layout->addWidget(m_heading);
+    fitWidth();
 
     m_list->setModel(m_model);
     m_list->setItemDelegate(new FilterRowDelegate(*m_model, m_list));
     m_list->setAccessibleName(u"Kategorien"_s);
-    m_list->setSelectionMode(QAbstractItemView::NoSelection);
-    m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     m_list->installEventFilter(this);
     m_list->viewport()->installEventFilter(this);
     connect(m_list, &QListView::clicked, this, &CategorySidebar::chooseRow);
@@ -50,12 +48,7 @@ CategorySidebar::CategorySidebar(ContentView& view, QWidget* parent)
     refresh();
 }
 
-QWidget* CategorySidebar::makeHeading() {
-    auto* heading = new QWidget;
-    auto* layout = new QHBoxLayout(heading);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(4);
-    layout->addWidget(new Label(u"Kategorien"_s, TextStyle::headline), 1);
+ColumnHeading* CategorySidebar::makeHeading() {
     QToolButton* add = makeSymbolButton(u"plus"_s, u"Kategorie hinzufügen"_s);
     m_renameButton = makeSymbolButton(u"pencil"_s, u"Kategorie umbenennen"_s);
     m_deleteButton = makeSymbolButton(u"trash"_s, u"Kategorie löschen"_s, SemanticColor::red);
@@ -64,10 +57,22 @@ QWidget* CategorySidebar::makeHeading() {
             [this] { m_view.renameSelectedCategory(); });
     connect(m_deleteButton, &QToolButton::clicked, this,
             [this] { m_view.requestDeleteSelectedCategory(); });
-    layout->addWidget(add);
-    layout->addWidget(m_renameButton);
-    layout->addWidget(m_deleteButton);
-    return heading;
+    return new ColumnHeading(u"Kategorien"_s, kHeadingSpacing,
+                             {add, m_renameButton, m_deleteButton});
+}
+
+// The heading is read whole in large text, too.
+void CategorySidebar::fitWidth() {
+    const int least = std::max(kMinimumWidth, m_heading->idealWidth() + 2 * kPadding);
+    setMaximumWidth(std::max(kMaximumWidth, least));
+    setMinimumWidth(least);
+}
+
+bool CategorySidebar::event(QEvent* event) {
+    const bool isDone = QWidget::event(event);
+    // The last of what a new font brings about, when the heading has it.
+    if (event->type() == QEvent::LayoutRequest) fitWidth();
+    return isDone;
 }
 
 void CategorySidebar::refresh() {

@@ -5,12 +5,13 @@
 
 #include <QWidget>
 
-class QListView;
 class QToolButton;
 
 namespace korvan {
 
+class CategoryList;
 class CategoryListModel;
+class ColumnHeading;
 
 // The column of category filters. A click on a row, or Return on it, filters the table; a category
 // has a context menu. The state must outlive it.
@@ -23,17 +24,20 @@ public:
     void refresh();
 
 protected:
+    bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    QWidget* makeHeading();
+    ColumnHeading* makeHeading();
+    void fitWidth();
     void chooseRow(const QModelIndex& index);
     void openMenuOfCurrentRow();
     void openMenu(const QModelIndex& index, QPoint globalPosition);
 
     ContentView& m_view;
     CategoryListModel* m_model;
-    QListView* m_list;
+    CategoryList* m_list;
+    ColumnHeading* m_heading = nullptr;
     QToolButton* m_renameButton = nullptr;
     QToolButton* m_deleteButton = nullptr;
 };

@@ -2,12 +2,15 @@
 #include "ui/main/CommandDatabasePanel.h"
 
 #include "platform/desktop/QtText.h"
+#include "ui/main/ColumnHeading.h"
 #include "ui/main/SnippetList.h"
 #include "ui/style/Controls.h"
 
-#include <QHBoxLayout>
+#include <QGridLayout>
 #include <QLineEdit>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <initializer_list>
 
 namespace korvan {
 
@@ -17,10 +20,11 @@ namespace {
 
 constexpr int kPadding = 12;
 constexpr int kSpacing = 10;
+constexpr int kHeaderSpacing = 8;
 
 QString activeProfileText(const SSHProfile& profile) {
-    return toQString("Aktiv: " + profile.name + "  (" + profile.target() + ":" +
-                     std::to_string(profile.port) + ")");
+    return onOneLine(toQString("Aktiv: " + profile.name + "  (" + profile.target() + ":" +
+                               std::to_string(profile.port) + ")"));
 }
 
 } // namespace
@@ -46,26 +50,31 @@ CommandDatabasePanel::CommandDatabasePanel(ContentView& view, QWidget* parent)
     layout->setSpacing(kSpacing);
     layout->addWidget(makeHeader());
     layout->addWidget(m_search);
-    layout->addWidget(m_activeProfile);
-    layout->addWidget(m_tip);
+    layout->addLayout(makeInfoLine());
     layout->addWidget(m_list, 1);
     refresh();
 }
 
 QWidget* CommandDatabasePanel::makeHeader() {
-    auto* header = new QWidget;
-    auto* layout = new QHBoxLayout(header);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(new Label(u"Befehlsdatenbank"_s, TextStyle::headline), 1);
     QPushButton* add = makeButton(u"plus"_s, u"Neu"_s);
     add->setToolTip(u"Neuen Befehl anlegen"_s);
     add->setAccessibleName(u"Neuen Befehl anlegen"_s);
     connect(add, &QPushButton::clicked, this, [this] { m_view.newSnippet(); });
     QToolButton* hide = makeSymbolButton(u"sidebar.right"_s, u"Liste ausblenden"_s);
     connect(hide, &QToolButton::clicked, this, [this] { m_view.showSnippets = false; });
-    layout->addWidget(add);
-    layout->addWidget(hide);
-    return header;
+    return new ColumnHeading(u"Befehlsdatenbank"_s, kHeaderSpacing, {add, hide});
+}
+
+// The list begins at the same height with and without a profile.
+QLayout* CommandDatabasePanel::makeInfoLine() {
+    auto* layout = new QGridLayout;
+    for (QLabel* label : std::initializer_list<QLabel*>{m_activeProfile, m_tip}) {
+        QSizePolicy policy = label->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        label->setSizePolicy(policy);
+        layout->addWidget(label, 0, 0, Qt::AlignTop);
+    }
+    return layout;
 }
 
 void CommandDatabasePanel::refresh() {
@@ -75,6 +84,9 @@ void CommandDatabasePanel::refresh() {
     m_activeProfile->setText(profile ? activeProfileText(*profile) : QString());
     m_activeProfile->setVisible(profile != nullptr);
     m_tip->setVisible(profile == nullptr);
+    // Some letters need a higher line. It stays that high, for the same reason.
+    m_activeProfile->setMinimumHeight(
+        std::max(m_activeProfile->minimumHeight(), m_activeProfile->sizeHint().height()));
     m_list->refresh();
 }
 

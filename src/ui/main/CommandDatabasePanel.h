@@ -5,6 +5,7 @@
 
 #include <QWidget>
 
+class QLayout;
 class QLineEdit;
 
 namespace korvan {
@@ -25,6 +26,7 @@ public:
 
 private:
     QWidget* makeHeader();
+    QLayout* makeInfoLine();
 
     ContentView& m_view;
     QLineEdit* m_search;
