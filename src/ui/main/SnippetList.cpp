@@ -2,6 +2,7 @@
 #include "ui/main/SnippetList.h"
 
 #include "actions/CommandExpansion.h"
+#include "ui/main/KeyboardFocus.h"
 #include "ui/main/SnippetListAccess.h"
 #include "ui/main/SnippetRow.h"
 
@@ -9,6 +10,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QScrollBar>
+#include <QStyleOptionFrame>
 #include <algorithm>
 #include <utility>
 
@@ -38,7 +40,7 @@ SnippetList::~SnippetList() = default;
 
 bool SnippetList::isUpToDate() const { return m_shown.revision == m_view.snippetStore.revision(); }
 
-bool SnippetList::isLaidOut() const { return m_metrics && isUpToDate(); }
+bool SnippetList::isLaidOut() const { return m_hasPlaces && isUpToDate(); }
 
 void SnippetList::refresh() {
     Shown wanted{m_view.snippetStore.revision(), m_view.snippetSearch, std::nullopt};
@@ -54,22 +56,38 @@ void SnippetList::refresh() {
 }
 
 void SnippetList::layOut() {
-    m_metrics.reset();
+    m_hasPlaces = false;
     // Otherwise the refresh that is on its way does it, or the moment when the list is shown: until
     // then its width is not the one that it will have.
     if (!isUpToDate() || !isVisible() || !m_wasShown) return;
-    m_metrics = std::make_unique<SnippetRowMetrics>(viewport()->width());
+    if (!m_metrics || m_metrics->width() != viewport()->width()) {
+        m_metrics = std::make_unique<SnippetRowMetrics>(viewport()->width());
+        m_heightsRevision = kNoRevision;
+    }
+    if (m_heightsRevision != m_shown.revision) {
+        m_heightsWithoutCommand.assign(m_view.snippetStore.snippets().size(), 0);
+        m_heightsRevision = m_shown.revision;
+    }
     CommandExpansion expansion(m_shown.profile ? &*m_shown.profile : nullptr);
     m_tops.assign(1, 0);
     m_tops.reserve(m_snippets.size() + 1);
     for (const CommandSnippet* snippet : m_snippets)
-        m_tops.push_back(m_tops.back() + m_metrics->heightOf(*snippet, expansion.of(*snippet)));
+        m_tops.push_back(m_tops.back() + heightWithoutCommand(*snippet) +
+                         m_metrics->commandHeight(expansion.of(*snippet)));
+    m_hasPlaces = true;
     showPart(Content::changed);
+}
+
+int SnippetList::heightWithoutCommand(const CommandSnippet& snippet) {
+    const auto place = static_cast<std::size_t>(&snippet - m_view.snippetStore.snippets().data());
+    std::uint16_t& height = m_heightsWithoutCommand[place];
+    if (height == 0) height = static_cast<std::uint16_t>(m_metrics->heightWithoutCommand(snippet));
+    return height;
 }
 
 void SnippetList::fit() {
     // The heights of all rows follow from the width alone.
-    if (m_metrics && m_metrics->width() == viewport()->width())
+    if (m_hasPlaces && m_metrics->width() == viewport()->width())
         showPart(Content::same);
     else
         layOut();
@@ -106,6 +124,7 @@ void SnippetList::showVisibleRows(Content content) {
         const bool isNew = row == nullptr;
         if (isNew) row = takeSpareRow();
         row->setGeometry(where);
+        row->setLast(place + 1 == m_snippets.size());
         if (isNew || content == Content::changed)
             row->show(*m_snippets[place], profile, *m_metrics);
     }
@@ -115,6 +134,14 @@ void SnippetList::showVisibleRows(Content content) {
         spare->hide();
     }
     markCurrentRow();
+    showHover();
+}
+
+// Rows move under a pointer that rests.
+void SnippetList::showHover() {
+    const QPoint pointer = viewport()->mapFromGlobal(QCursor::pos());
+    for (const auto& [place, row] : m_rows)
+        row->setHovered(viewport()->underMouse() && row->geometry().contains(pointer));
 }
 
 SnippetRow* SnippetList::takeSpareRow() {
@@ -130,6 +157,8 @@ SnippetRow* SnippetList::takeSpareRow() {
         if (shown != m_rows.end()) {
             m_current = shown->first;
         }
+        noteMouse(*this);
+        m_showsCurrent = false;
         markCurrentRow();
     });
     return row;
@@ -179,6 +208,7 @@ void SnippetList::moveTo(std::ptrdiff_t row) {
 }
 
 void SnippetList::keyPressEvent(QKeyEvent* event) {
+    noteKeyboard(*this);
     m_showsCurrent = true;
     const auto current = static_cast<std::ptrdiff_t>(m_current);
     switch (event->key()) {
@@ -201,6 +231,12 @@ void SnippetList::keyPressEvent(QKeyEvent* event) {
         return;
     default: QAbstractScrollArea::keyPressEvent(event);
     }
+}
+
+// The row shows the focus. A ring around the list would be the second one.
+void SnippetList::initStyleOption(QStyleOptionFrame* option) const {
+    QAbstractScrollArea::initStyleOption(option);
+    if (!m_snippets.empty()) option->state &= ~QStyle::State_HasFocus;
 }
 
 void SnippetList::resizeEvent(QResizeEvent* event) {
@@ -238,7 +274,9 @@ void SnippetList::focusOutEvent(QFocusEvent* event) {
 
 void SnippetList::changeEvent(QEvent* event) {
     QAbstractScrollArea::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) layOut();
+    if (event->type() != QEvent::FontChange && event->type() != QEvent::StyleChange) return;
+    m_metrics.reset();
+    layOut();
 }
 
 } // namespace korvan

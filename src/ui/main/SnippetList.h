@@ -36,6 +36,7 @@ public:
     [[nodiscard]] SnippetRow* markedRow() const;
 
 protected:
+    void initStyleOption(QStyleOptionFrame* option) const override;
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
@@ -58,6 +59,8 @@ private:
 
     // Works out where each row is. Needed when the commands, the profile or the width changed.
     void layOut();
+    // The height of a row without its command, worked out once.
+    [[nodiscard]] int heightWithoutCommand(const CommandSnippet& snippet);
     // Follows a change of the list's size.
     void fit();
     // Makes, moves and lets go of rows so that those which can be seen are there. Rows that stay
@@ -65,6 +68,7 @@ private:
     enum class Content { same, changed };
     void showVisibleRows(Content content);
     void showPart(Content content);
+    void showHover();
     [[nodiscard]] SnippetRow* takeSpareRow();
     void markCurrentRow();
     // Tells a screen reader where the keyboard is in the list.
@@ -77,9 +81,14 @@ private:
     ContentView& m_view;
     Shown m_shown;
     std::vector<const CommandSnippet*> m_snippets; // valid while isUpToDate()
-    std::unique_ptr<SnippetRowMetrics> m_metrics;  // none while the rows are not laid out
-    std::vector<int> m_tops;                       // of each row, and the bottom of the last
-    std::map<std::size_t, SnippetRow*> m_rows;     // those that can be seen, by place
+    std::unique_ptr<SnippetRowMetrics> m_metrics;
+    bool m_hasPlaces = false; // of the rows: they are laid out
+    // Of each of the store's commands, 0 where it is not known. For these metrics and this
+    // revision.
+    std::vector<std::uint16_t> m_heightsWithoutCommand;
+    std::uint64_t m_heightsRevision = kNoRevision;
+    std::vector<int> m_tops;                   // of each row, and the bottom of the last
+    std::map<std::size_t, SnippetRow*> m_rows; // those that can be seen, by place
     std::vector<SnippetRow*> m_spareRows;
     bool m_wasShown = false;     // and may be laid out
     std::size_t m_current = 0;   // the row that the keyboard is on

@@ -3,13 +3,14 @@
 
 #include "platform/desktop/QtText.h"
 #include "ui/style/Controls.h"
+#include "ui/style/Drawing.h"
+#include "ui/style/Lines.h"
 
 #include <QFontMetricsF>
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
-#include <optional>
 
 namespace korvan {
 
@@ -22,7 +23,9 @@ constexpr int kPadding = 4; // above and below
 constexpr int kInset = 8;   // to the left and right
 constexpr int kButtonSize = 24;
 constexpr int kButtonSpacing = 4;
+constexpr int kButtonPadding = 4; // above and below a button's text
 constexpr int kMostCommandLines = 2;
+constexpr int kMostOtherLines = 3; // of a title, and of a hint
 
 QFont titleFont() {
     QFont font = fontFor(TextStyle::subheadline);
@@ -31,6 +34,13 @@ QFont titleFont() {
 }
 
 QFont commandFont() { return fontFor(TextStyle::caption, FontDesign::monospaced); }
+
+// Of the button with this text alone.
+int copyButtonWidth() {
+    QPushButton button(u"Copy"_s);
+    button.setFont(fontFor(TextStyle::subheadline));
+    return button.sizeHint().width();
+}
 
 // The letters of Latin-1 beyond ASCII, umlauts among them. In UTF-8 all of them begin with kLead.
 constexpr char16_t kFirstLetter = u'\u00C0';
@@ -62,51 +72,85 @@ std::optional<std::size_t> plainLength(const std::string& text) {
 
 } // namespace
 
+SnippetRowMetrics::Paragraph::Paragraph(const QFont& itsFont, int itsWidth)
+    : font(itsFont), width(std::max(itsWidth, 1)), lineHeight(QFontMetrics(font).lineSpacing()) {
+    const QFontMetricsF metrics(font);
+    for (std::size_t letter = ' '; letter < 0x7F; ++letter)
+        advances[letter] =
+            static_cast<float>(metrics.horizontalAdvance(QChar(static_cast<ushort>(letter))));
+}
+
+int SnippetRowMetrics::Paragraph::heightOf(const std::string& text,
+                                           QString (*shown)(QString)) const {
+    // Most texts have one line, and need not be laid out to see that.
+    float advance = 0;
+    bool isPlain = true;
+    for (const char letter : text) {
+        isPlain = isPlain && letter >= ' ' && letter < 0x7F;
+        advance += advances[static_cast<unsigned char>(letter) & 0x7F];
+    }
+    constexpr float kerning = 1.05F; // moves letters apart, too
+    if (isPlain && advance * kerning <= static_cast<float>(width)) return lineHeight;
+    return shownHeight(shown(toQString(text)), font, width, kMostOtherLines);
+}
+
 SnippetRowMetrics::SnippetRowMetrics(int width)
-    : m_width(width), m_textWidth(std::max(width - 2 * kInset, 1)),
-      m_titleHeight(std::max(QFontMetrics(titleFont()).height(), kButtonSize)),
-      m_commandLineHeight(QFontMetrics(commandFont()).lineSpacing()),
-      m_hintHeight(QFontMetrics(fontFor(TextStyle::caption2)).height()),
-      m_characterWidth(QFontMetricsF(commandFont()).horizontalAdvance(u'0')) {}
+    : m_width(width), m_textWidth(std::max(width - 2 * kInset, 1)), m_copyWidth(copyButtonWidth()),
+      m_buttonHeight(
+          std::max(QFontMetrics(titleFont()).height() + 2 * kButtonPadding, kButtonSize)),
+      m_title(titleFont(), m_textWidth - m_copyWidth - 2 * m_buttonHeight - 3 * kButtonSpacing),
+      m_hint(fontFor(TextStyle::caption2), m_textWidth), m_commandFont(commandFont()),
+      m_commandLineHeight(QFontMetrics(m_commandFont).lineSpacing()),
+      m_characterWidth(QFontMetricsF(m_commandFont).horizontalAdvance(u'0')) {}
 
 bool SnippetRowMetrics::hasEvenLetters() const {
     if (!m_hasEvenLetters) {
         const QString letters = accentedLetters();
-        m_hasEvenLetters = qFuzzyCompare(QFontMetricsF(commandFont()).horizontalAdvance(letters),
+        m_hasEvenLetters = qFuzzyCompare(QFontMetricsF(m_commandFont).horizontalAdvance(letters),
                                          m_characterWidth * static_cast<double>(letters.size()));
     }
     return *m_hasEvenLetters;
 }
 
-int SnippetRowMetrics::commandLines(const std::string& command) const {
+int SnippetRowMetrics::commandHeight(const std::string& command) const {
     // One line or more is all that matters, so that hardly any text has to be laid out: in a
     // monospaced font the width of a text follows from its length.
     const auto length = plainLength(command);
-    if (length && (*length == command.size() || hasEvenLetters()))
-        return static_cast<double>(*length) * m_characterWidth <= m_textWidth ? 1
-                                                                              : kMostCommandLines;
-    if (command.find('\n') != std::string::npos) return kMostCommandLines;
-    const double width = QFontMetricsF(commandFont()).horizontalAdvance(toQString(command));
-    return width <= m_textWidth ? 1 : kMostCommandLines;
+    if (length && (*length == command.size() || hasEvenLetters())) {
+        const bool hasOneLine = static_cast<double>(*length) * m_characterWidth <= m_textWidth;
+        return (hasOneLine ? 1 : kMostCommandLines) * m_commandLineHeight;
+    }
+    return shownHeight(toQString(command), m_commandFont, m_textWidth, kMostCommandLines);
 }
 
-int SnippetRowMetrics::heightOf(const CommandSnippet& snippet, const std::string& command) const {
-    const int lines = commandLines(command);
-    const int hint = snippet.hint.empty() ? 0 : kLineSpacing + m_hintHeight;
-    return 2 * kPadding + m_titleHeight + kLineSpacing + lines * m_commandLineHeight + hint;
+int SnippetRowMetrics::titleHeight(const CommandSnippet& snippet) const {
+    return std::max(m_title.heightOf(snippet.title, onOneLine), m_buttonHeight);
+}
+
+int SnippetRowMetrics::hintHeight(const CommandSnippet& snippet) const {
+    return snippet.hint.empty() ? 0
+                                : m_hint.heightOf(snippet.hint, [](QString text) { return text; });
+}
+
+int SnippetRowMetrics::heightWithoutCommand(const CommandSnippet& snippet) const {
+    const int hint = snippet.hint.empty() ? 0 : kLineSpacing + hintHeight(snippet);
+    return 2 * kPadding + titleHeight(snippet) + kLineSpacing + hint;
 }
 
 SnippetRow::SnippetRow(ContentView& view, QWidget* parent)
     : QWidget(parent), m_view(view),
-      m_title(new ElidedLabel(TextStyle::subheadline, SemanticColor::primary, 1, this)),
+      m_title(
+          new ElidedLabel(TextStyle::subheadline, SemanticColor::primary, kMostOtherLines, this)),
       m_command(
           new ElidedLabel(TextStyle::caption, SemanticColor::secondary, kMostCommandLines, this)),
-      m_hint(new ElidedLabel(TextStyle::caption2, SemanticColor::secondary, 1, this)),
+      m_hint(new ElidedLabel(TextStyle::caption2, SemanticColor::secondary, kMostOtherLines, this)),
       m_copyButton(new QPushButton(u"Copy"_s, this)),
       m_editButton(makeSymbolButton(u"pencil"_s, u"Bearbeiten"_s)),
       m_deleteButton(makeSymbolButton(u"trash"_s, u"Löschen"_s, SemanticColor::red)) {
     m_title->setBold();
     m_command->setDesign(FontDesign::monospaced);
+    m_command->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    m_hint->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     setTextStyle(*m_copyButton, TextStyle::subheadline);
     m_editButton->setParent(this);
     m_deleteButton->setParent(this);
@@ -124,7 +168,7 @@ void SnippetRow::show(const CommandSnippet& snippet, const SSHProfile* profile,
                       const SnippetRowMetrics& metrics) {
     m_snippet = snippet;
     const std::string command = snippet.expandedCommand(profile);
-    const QString title = toQString(snippet.title);
+    const QString title = onOneLine(toQString(snippet.title));
     m_title->setText(title);
     m_command->setText(toQString(command));
     m_hint->setText(toQString(snippet.hint));
@@ -135,28 +179,29 @@ void SnippetRow::show(const CommandSnippet& snippet, const SSHProfile* profile,
     m_copyButton->setAccessibleName(u"Copy: "_s + title);
     m_editButton->setAccessibleName(u"Bearbeiten: "_s + title);
     m_deleteButton->setAccessibleName(u"Löschen: "_s + title);
-    place(metrics, metrics.commandLines(command));
+    place(metrics, metrics.commandHeight(command));
     QWidget::show();
 }
 
-void SnippetRow::place(const SnippetRowMetrics& metrics, int commandLines) {
+void SnippetRow::place(const SnippetRowMetrics& metrics, int commandHeight) {
+    const int titleHeight = metrics.titleHeight(m_snippet);
+    const int size = metrics.buttonHeight();
+    const int buttonTop = kPadding + (titleHeight - size) / 2;
     int right = width() - kInset;
-    const int copyWidth = m_copyButton->sizeHint().width();
     for (QWidget* button : std::initializer_list<QWidget*>{m_deleteButton, m_editButton}) {
-        button->setGeometry(right - kButtonSize, kPadding, kButtonSize, metrics.titleHeight());
-        right -= kButtonSize + kButtonSpacing;
+        button->setGeometry(right - size, buttonTop, size, size);
+        right -= size + kButtonSpacing;
     }
-    m_copyButton->setGeometry(right - copyWidth, kPadding, copyWidth, metrics.titleHeight());
-    right -= copyWidth + kButtonSpacing;
+    m_copyButton->setGeometry(right - metrics.copyWidth(), buttonTop, metrics.copyWidth(), size);
+    right -= metrics.copyWidth() + kButtonSpacing;
 
     int top = kPadding;
     const int textWidth = width() - 2 * kInset;
-    m_title->setGeometry(kInset, top, std::max(right - kInset, 0), metrics.titleHeight());
-    top += metrics.titleHeight() + kLineSpacing;
-    const int commandHeight = commandLines * metrics.commandLineHeight();
+    m_title->setGeometry(kInset, top, std::max(right - kInset, 0), titleHeight);
+    top += titleHeight + kLineSpacing;
     m_command->setGeometry(kInset, top, textWidth, commandHeight);
     top += commandHeight + kLineSpacing;
-    m_hint->setGeometry(kInset, top, textWidth, metrics.hintHeight());
+    m_hint->setGeometry(kInset, top, textWidth, metrics.hintHeight(m_snippet));
 }
 
 void SnippetRow::setCurrent(bool isCurrent) {
@@ -172,9 +217,40 @@ void SnippetRow::setMarked(bool isMarked) {
     update();
 }
 
-void SnippetRow::mousePressEvent(QMouseEvent*) { Q_EMIT pressed(); }
+void SnippetRow::setHovered(bool isHovered) {
+    if (m_isHovered == isHovered) return;
+    m_isHovered = isHovered;
+    update();
+}
+
+void SnippetRow::setPressed(bool isPressed) {
+    if (m_isPressed == isPressed) return;
+    m_isPressed = isPressed;
+    update();
+}
+
+void SnippetRow::setLast(bool isLast) {
+    if (m_isLast == isLast) return;
+    m_isLast = isLast;
+    update();
+}
+
+void SnippetRow::enterEvent(QEnterEvent*) { setHovered(true); }
+
+void SnippetRow::leaveEvent(QEvent*) { setHovered(false); }
+
+void SnippetRow::mousePressEvent(QMouseEvent* event) {
+    setPressed(event->button() == Qt::LeftButton);
+    Q_EMIT pressed();
+}
+
+void SnippetRow::mouseMoveEvent(QMouseEvent* event) {
+    if (event->buttons().testFlag(Qt::LeftButton))
+        setPressed(rect().contains(event->position().toPoint()));
+}
 
 void SnippetRow::mouseReleaseEvent(QMouseEvent* event) {
+    setPressed(false);
     if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) copy();
 }
 
@@ -182,12 +258,13 @@ void SnippetRow::copy() { m_view.copySnippet(m_snippet); }
 
 void SnippetRow::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const QColor line = colorFor(SemanticColor::separator, palette());
-    painter.fillRect(QRect(kInset, height() - 1, width() - 2 * kInset, 1), line);
-    if (!m_isMarked) return;
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(colorFor(SemanticColor::accent, palette()));
-    painter.drawRoundedRect(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5), 5, 5);
+    const QRect row = rect().adjusted(0, 0, 0, -1); // above the line
+    const Wash wash = m_isPressed ? Wash::pressed : m_isHovered ? Wash::hovered : Wash::none;
+    drawRowWash(painter, row, palette(), wash);
+    if (!m_isLast)
+        drawLine(painter, rect().adjusted(kInset, 0, -kInset, 0), Qt::BottomEdge,
+                 colorFor(SemanticColor::separator, palette()));
+    if (m_isMarked) drawFocusRing(painter, row, palette(), kSmallRadius);
 }
 
 } // namespace korvan

@@ -4,8 +4,10 @@
 #include "model/CommandSnippet.h"
 #include "ui/main/ContentView.h"
 
+#include <QFont>
 #include <QWidget>
-#include <vector>
+#include <array>
+#include <optional>
 
 class QPushButton;
 class QToolButton;
@@ -15,32 +17,50 @@ namespace korvan {
 class ElidedLabel;
 
 // The heights of a command's row, worked out from text and fonts alone, so that a list can be laid
-// out without making a widget for each row.
+// out without making a widget for each row. They hold for the fonts of the moment.
 class SnippetRowMetrics final {
 public:
     // `width` is that of the whole row.
     explicit SnippetRowMetrics(int width);
 
-    // `command` is what the snippet expands to.
-    [[nodiscard]] int heightOf(const CommandSnippet& snippet, const std::string& command) const;
+    // Of a row without its command: what stays the same whatever the command is filled from.
+    [[nodiscard]] int heightWithoutCommand(const CommandSnippet& snippet) const;
 
-    // How many lines the command takes, one or two; what needs more is cut.
-    [[nodiscard]] int commandLines(const std::string& command) const;
+    // Of one line or two; what needs more is cut. `command` is what the snippet expands to.
+    [[nodiscard]] int commandHeight(const std::string& command) const;
+
+    [[nodiscard]] int titleHeight(const CommandSnippet& snippet) const;
+    [[nodiscard]] int hintHeight(const CommandSnippet& snippet) const;
 
     [[nodiscard]] int width() const { return m_width; }
-    [[nodiscard]] int titleHeight() const { return m_titleHeight; }
-    [[nodiscard]] int commandLineHeight() const { return m_commandLineHeight; }
-    [[nodiscard]] int hintHeight() const { return m_hintHeight; }
+    [[nodiscard]] int copyWidth() const { return m_copyWidth; }
+    // Of all three buttons.
+    [[nodiscard]] int buttonHeight() const { return m_buttonHeight; }
 
 private:
+    // A text in lines that are broken between words.
+    struct Paragraph {
+        QFont font;
+        int width = 1;
+        int lineHeight = 0;
+        std::array<float, 128> advances{}; // of the letters of ASCII
+
+        Paragraph(const QFont& itsFont, int itsWidth);
+        // `shown` makes of a text what is shown of it.
+        [[nodiscard]] int heightOf(const std::string& text, QString (*shown)(QString)) const;
+    };
+
     // Whether the command's font has accented letters, and as wide as all others.
     [[nodiscard]] bool hasEvenLetters() const;
 
     int m_width;
     int m_textWidth;
-    int m_titleHeight;
+    int m_copyWidth;
+    int m_buttonHeight;
+    Paragraph m_title;
+    Paragraph m_hint;
+    QFont m_commandFont;
     int m_commandLineHeight;
-    int m_hintHeight;
     double m_characterWidth;                      // of the command's font, for ASCII
     mutable std::optional<bool> m_hasEvenLetters; // nothing until it is asked
 };
@@ -65,6 +85,12 @@ public:
     void setMarked(bool isMarked);
     [[nodiscard]] bool isMarked() const { return m_isMarked; }
 
+    // Whether the pointer is on the row. It is told to the row when that moves under the pointer.
+    void setHovered(bool isHovered);
+
+    // Whether a line parts it from the next row.
+    void setLast(bool isLast);
+
     void copy();
 
 Q_SIGNALS:
@@ -73,11 +99,15 @@ Q_SIGNALS:
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void place(const SnippetRowMetrics& metrics, int commandLines);
+    void place(const SnippetRowMetrics& metrics, int commandHeight);
+    void setPressed(bool isPressed);
 
     ContentView& m_view;
     CommandSnippet m_snippet;
@@ -88,6 +118,9 @@ private:
     QToolButton* m_editButton;
     QToolButton* m_deleteButton;
     bool m_isMarked = false;
+    bool m_isHovered = false;
+    bool m_isPressed = false;
+    bool m_isLast = false;
 };
 
 } // namespace korvan
