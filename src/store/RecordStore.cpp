@@ -5,8 +5,10 @@
 #include "model/SeedData.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <optional>
+#include <tuple>
 #include <utility>
 
 namespace korvan {
@@ -21,39 +23,52 @@ constexpr StoreKind kSnippets{"ssh_snippets_v1", "snippets", "Snippet", NewRecor
 
 } // namespace
 
+StoredLists::StoredLists(KeyValueStore& keyValueStore) {
+    auto lists =
+        keyValueStore.dataForKeys(std::array{kProfiles.key, kCategories.key, kSnippets.key});
+    profiles = std::move(lists[0]);
+    categories = std::move(lists[1]);
+    snippets = std::move(lists[2]);
+}
+
+template <class... Stores>
+void saveTogether(Stores&... stores) {
+    std::vector<KeyValueStore::Value> values;
+    (values.push_back(stores.value()), ...);
+    KeyValueStore& keyValueStore = std::get<0>(std::tie(stores...)).m_keyValueStore;
+    const auto saved = keyValueStore.setValues(std::move(values));
+    if (!saved) (stores.printError("save", saved.error()), ...);
+}
+
 template <class Record>
 RecordStore<Record>::RecordStore(KeyValueStore& keyValueStore, const StoreKind& kind,
-                                 std::vector<Record> seed)
+                                 std::vector<Record> seed, Result<KeyValueStore::Data> stored)
     : m_keyValueStore(keyValueStore), m_kind(kind) {
-    load();
+    load(std::move(stored));
     if (m_records.empty()) replaceAll(std::move(seed));
 }
 
 template <class Record>
 void RecordStore<Record>::load() {
-    const auto data = m_keyValueStore.dataForKey(m_kind.key);
-    if (!data) return printError("load", data.error());
-    m_storedDataIsUndecodable = false;
-    const std::optional<std::string>& json = *data;
+    load(m_keyValueStore.dataForKey(m_kind.key));
+}
+
+template <class Record>
+void RecordStore<Record>::load(Result<KeyValueStore::Data> stored) {
+    if (!stored) return printError("load", stored.error());
+    const std::optional<std::string>& json = *stored;
     if (!json) return;
     auto records = decodeList<Record>(*json, m_kind.listName, m_records.size());
     if (!records) {
-        m_storedDataIsUndecodable = true;
+        m_keyValueStore.preserve(m_kind.key);
         return printError("load", records.error());
     }
-    m_records = std::move(*records);
-    notify();
+    change(std::move(*records));
 }
 
 template <class Record>
 void RecordStore<Record>::save() {
-    if (m_storedDataIsUndecodable) {
-        if (const auto preserved = m_keyValueStore.preserve(m_kind.key); !preserved)
-            return printError("save", preserved.error());
-        m_storedDataIsUndecodable = false;
-    }
-    if (const auto saved = m_keyValueStore.setData(m_kind.key, encodeList(m_records)); !saved)
-        printError("save", saved.error());
+    saveTogether(*this);
 }
 
 template <class Record>
@@ -81,8 +96,8 @@ void RecordStore<Record>::remove(const Record& record) {
 
 template <class Record>
 void RecordStore<Record>::replaceAll(std::vector<Record> records) {
-    m_records = std::move(records);
-    commit();
+    change(std::move(records));
+    save();
 }
 
 template <class Record>
@@ -110,6 +125,17 @@ void RecordStore<Record>::commit() {
 }
 
 template <class Record>
+void RecordStore<Record>::change(std::vector<Record> records) {
+    m_records = std::move(records);
+    notify();
+}
+
+template <class Record>
+KeyValueStore::Value RecordStore<Record>::value() const {
+    return {m_kind.key, encodeList(m_records)};
+}
+
+template <class Record>
 void RecordStore<Record>::notify() {
     ++m_revision;
     m_observers.notify();
@@ -128,7 +154,10 @@ template class RecordStore<SSHCategory>;
 template class RecordStore<CommandSnippet>;
 
 SSHStore::SSHStore(KeyValueStore& keyValueStore)
-    : RecordStore(keyValueStore, kProfiles, {sampleProfile()}) {}
+    : SSHStore(keyValueStore, keyValueStore.dataForKey(kProfiles.key)) {}
+
+SSHStore::SSHStore(KeyValueStore& keyValueStore, Result<KeyValueStore::Data> stored)
+    : RecordStore(keyValueStore, kProfiles, {sampleProfile()}, std::move(stored)) {}
 
 void SSHStore::clearCategory(const Uuid& categoryId) {
     changeEach([&](SSHProfile& profile) {
@@ -139,9 +168,30 @@ void SSHStore::clearCategory(const Uuid& categoryId) {
 }
 
 CategoryStore::CategoryStore(KeyValueStore& keyValueStore)
-    : RecordStore(keyValueStore, kCategories, {defaultCategory()}) {}
+    : CategoryStore(keyValueStore, keyValueStore.dataForKey(kCategories.key)) {}
+
+CategoryStore::CategoryStore(KeyValueStore& keyValueStore, Result<KeyValueStore::Data> stored)
+    : RecordStore(keyValueStore, kCategories, {defaultCategory()}, std::move(stored)) {}
 
 SnippetStore::SnippetStore(KeyValueStore& keyValueStore)
-    : RecordStore(keyValueStore, kSnippets, defaultSnippets()) {}
+    : SnippetStore(keyValueStore, keyValueStore.dataForKey(kSnippets.key)) {}
+
+SnippetStore::SnippetStore(KeyValueStore& keyValueStore, Result<KeyValueStore::Data> stored)
+    : RecordStore(keyValueStore, kSnippets, defaultSnippets(), std::move(stored)) {}
+
+void loadAll(SSHStore& profiles, SnippetStore& snippets, CategoryStore& categories) {
+    StoredLists stored(profiles.m_keyValueStore);
+    profiles.load(std::move(stored.profiles));
+    snippets.load(std::move(stored.snippets));
+    categories.load(std::move(stored.categories));
+}
+
+void replaceAll(SSHStore& profiles, SnippetStore& snippets, CategoryStore& categories,
+                KorvanBackup backup) {
+    profiles.change(std::move(backup.profiles));
+    snippets.change(std::move(backup.snippets));
+    categories.change(std::move(backup.categories));
+    saveTogether(profiles, snippets, categories);
+}
 
 } // namespace korvan

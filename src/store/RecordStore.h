@@ -2,6 +2,7 @@
 #pragma once
 
 #include "model/CommandSnippet.h"
+#include "model/KorvanBackup.h"
 #include "model/SSHCategory.h"
 #include "model/SSHProfile.h"
 #include "store/KeyValueStore.h"
@@ -15,12 +16,23 @@
 
 namespace korvan {
 
+class SSHStore;
+class CategoryStore;
+class SnippetStore;
+
 // What tells one store from another.
 struct StoreKind {
     std::string_view key;      // of the stored list
     std::string_view listName; // of the list in decoding errors
     std::string_view label;    // begins the lines that are printed on failure
     enum class NewRecords { first, last } newRecords;
+};
+
+// What is stored for the three stores, all of it as it was at one moment.
+struct StoredLists {
+    explicit StoredLists(KeyValueStore& keyValueStore);
+
+    Result<KeyValueStore::Data> profiles, categories, snippets;
 };
 
 // One ordered list of records, loaded on construction and written through on every change. The
@@ -30,7 +42,7 @@ struct StoreKind {
 // called, the whole list is written. When the write fails, the list keeps the change, one line is
 // printed to standard output, and the next write that succeeds writes everything.
 //
-// Data that could not be decoded is put aside before it is overwritten; data that could not be read
+// Data that could not be decoded is put aside when it is overwritten; data that could not be read
 // is not overwritten at all (see KeyValueStore). Nothing here throws, and nothing stops the
 // program.
 template <class Record>
@@ -39,9 +51,12 @@ public:
     RecordStore(const RecordStore&) = delete;
     RecordStore& operator=(const RecordStore&) = delete;
 
-    // Reads the stored list. When there is none, or it cannot be had, the list stays as it is; the
-    // latter prints a line.
+    // Reads the stored list. Leaves the list unchanged when nothing is stored. Also when the stored
+    // list cannot be read or decoded, after printing one line.
     void load();
+
+    // As `load`, of what was read already.
+    void load(Result<KeyValueStore::Data> stored);
 
     // Writes the whole list.
     void save();
@@ -69,7 +84,8 @@ public:
 
 protected:
     // Loads the list, or fills it with `seed` and saves it when it is empty then.
-    RecordStore(KeyValueStore& keyValueStore, const StoreKind& kind, std::vector<Record> seed);
+    RecordStore(KeyValueStore& keyValueStore, const StoreKind& kind, std::vector<Record> seed,
+                Result<KeyValueStore::Data> stored);
     ~RecordStore() = default;
 
     [[nodiscard]] const std::vector<Record>& records() const { return m_records; }
@@ -81,15 +97,23 @@ protected:
 private:
     // The list has changed: ends every mutation.
     void commit();
+    void change(std::vector<Record> records); // does not write
     void notify();
+    [[nodiscard]] KeyValueStore::Value value() const;
     void printError(std::string_view action, const Error& error) const;
+
+    friend void loadAll(SSHStore& profiles, SnippetStore& snippets, CategoryStore& categories);
+    friend void replaceAll(SSHStore& profiles, SnippetStore& snippets, CategoryStore& categories,
+                           KorvanBackup backup);
+    // Writes the lists of `stores` in one transaction.
+    template <class... Stores>
+    friend void saveTogether(Stores&... stores);
 
     KeyValueStore& m_keyValueStore;
     const StoreKind& m_kind;
     std::vector<Record> m_records;
     ObserverList m_observers;
     std::uint64_t m_revision = 0;
-    bool m_storedDataIsUndecodable = false;
 };
 
 extern template class RecordStore<SSHProfile>;
@@ -100,6 +124,7 @@ extern template class RecordStore<CommandSnippet>;
 class SSHStore final : public RecordStore<SSHProfile> {
 public:
     explicit SSHStore(KeyValueStore& keyValueStore);
+    SSHStore(KeyValueStore& keyValueStore, Result<KeyValueStore::Data> stored);
 
     [[nodiscard]] const std::vector<SSHProfile>& profiles() const { return records(); }
 
@@ -111,6 +136,7 @@ public:
 class CategoryStore final : public RecordStore<SSHCategory> {
 public:
     explicit CategoryStore(KeyValueStore& keyValueStore);
+    CategoryStore(KeyValueStore& keyValueStore, Result<KeyValueStore::Data> stored);
 
     [[nodiscard]] const std::vector<SSHCategory>& categories() const { return records(); }
 };
@@ -119,8 +145,18 @@ public:
 class SnippetStore final : public RecordStore<CommandSnippet> {
 public:
     explicit SnippetStore(KeyValueStore& keyValueStore);
+    SnippetStore(KeyValueStore& keyValueStore, Result<KeyValueStore::Data> stored);
 
     [[nodiscard]] const std::vector<CommandSnippet>& snippets() const { return records(); }
 };
+
+// Both are for stores of one key-value store and treat them in the order in which they stand here.
+// Loads each as its `load` does; what is loaded was stored together at one moment.
+void loadAll(SSHStore& profiles, SnippetStore& snippets, CategoryStore& categories);
+
+// Replaces each list by that of `backup`, calls its observers, and then writes all three in one
+// transaction. When that fails, each list keeps the change and prints its line.
+void replaceAll(SSHStore& profiles, SnippetStore& snippets, CategoryStore& categories,
+                KorvanBackup backup);
 
 } // namespace korvan

@@ -19,17 +19,44 @@ public:
     std::map<std::string, std::string, std::less<>> values;
     std::vector<std::string> preserved;
     std::vector<std::string> writtenKeys; // of the writes that succeeded, in their order
+    std::string calls;                    // a letter for each: r and how many keys, or w likewise
     bool readingFails = false;
     bool writingFails = false;
-    bool preservingFails = false;
     std::function<void()> onWrite = [] {};
 
-    Result<std::optional<std::string>> dataForKey(std::string_view key) override {
+    std::vector<Result<Data>> dataForKeys(std::span<const std::string_view> keys) override {
+        calls += "r" + std::to_string(keys.size());
+        std::vector<Result<Data>> found(keys.size());
+        for (std::size_t i = 0; i < keys.size(); ++i)
+            found[i] = read(keys[i]);
+        return found;
+    }
+
+    Result<> setValues(std::vector<Value> newValues) override {
+        calls += "w" + std::to_string(newValues.size());
+        for (const Value& value : newValues)
+            if (writingFails || m_unreadKeys.contains(value.key))
+                return failure("Memory", 2, "kein Platz");
+        for (Value& value : newValues) {
+            const std::string key(value.key);
+            if (m_damagedKeys.erase(key) > 0) preserved.push_back(values[key]);
+            values[key] = std::move(value.data);
+            writtenKeys.push_back(key);
+        }
+        onWrite();
+        return {};
+    }
+
+    void preserve(std::string_view key) override { m_damagedKeys.emplace(key); }
+
+private:
+    Result<Data> read(std::string_view key) {
         if (readingFails) {
             m_unreadKeys.emplace(key);
             return failure("Memory", 1, "gesperrt");
         }
         m_unreadKeys.erase(std::string(key));
+        m_damagedKeys.erase(std::string(key));
         const auto found = values.find(key);
         if (found == values.end()) return std::nullopt;
         std::string copy;
@@ -38,24 +65,7 @@ public:
         return copy;
     }
 
-    Result<> setData(std::string_view key, std::string_view data) override {
-        if (writingFails || m_unreadKeys.contains(std::string(key)))
-            return failure("Memory", 2, "kein Platz");
-        values[std::string(key)] = data;
-        writtenKeys.emplace_back(key);
-        onWrite();
-        return {};
-    }
-
-    Result<> preserve(std::string_view key) override {
-        if (preservingFails) return failure("Memory", 3, "nicht aufgehoben");
-        if (const auto found = values.find(key); found != values.end())
-            preserved.push_back(found->second);
-        return {};
-    }
-
-private:
-    std::set<std::string> m_unreadKeys;
+    std::set<std::string, std::less<>> m_unreadKeys, m_damagedKeys;
 };
 
 } // namespace korvan

@@ -2,16 +2,14 @@
 #include "platform/desktop/SqliteKeyValueStore.h"
 
 #include "model/JsonPadding.h"
-#include "platform/Files.h"
+#include "platform/desktop/SqliteStatement.h"
 
+#include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cstdlib>
-#include <fcntl.h>
+#include <functional>
 #include <pwd.h>
 #include <sqlite3.h>
-#include <sys/stat.h>
-#include <thread>
 #include <unistd.h>
 #include <utility>
 
@@ -20,66 +18,8 @@ namespace korvan {
 namespace {
 
 namespace fs = std::filesystem;
-using Clock = std::chrono::steady_clock;
 
 constexpr std::string_view kCannotRead = "Die gespeicherten Daten konnten nicht gelesen werden";
-constexpr std::string_view kCannotWrite = "Die Daten konnten nicht gespeichert werden";
-constexpr std::string_view kCannotCreate = "Die Datenbank konnte nicht angelegt werden";
-
-// The time between two attempts. SQLite's own waiting sleeps for up to 100 ms each time, and so
-// hardly ever meets the moment between two changes of somebody who makes many.
-constexpr std::chrono::milliseconds kPause(1);
-
-// How long a file is left to others between two changes of one's own. Whoever waits only asks every
-// kPause, so without it he who makes many changes at once would keep all others out.
-constexpr std::chrono::milliseconds kRest(3);
-
-// Large pages, since a value is written whole and may have megabytes; they count only before the
-// first table is made. Debian's SQLite would also write zeros over all that a value took before,
-// which doubles what a change costs and hides little: earlier values stand in the log as well.
-// The log is moved into the database and begun again every 128 pages: seldom, since a change that
-// does so takes twice as long. It keeps its 8 MB then, since finding them anew takes time, too.
-constexpr const char* kWritingSettings = "PRAGMA page_size = 65536;"
-                                         "PRAGMA journal_mode = WAL;"
-                                         "PRAGMA synchronous = FULL;"
-                                         "PRAGMA secure_delete = FAST;"
-                                         "PRAGMA wal_autocheckpoint = 128;"
-                                         "PRAGMA journal_size_limit = 8388608;";
-
-std::string_view reasonFor(int code) {
-    if (code == SQLITE_CANTOPEN_ISDIR) return "Das ist ein Ordner";
-    switch (code & 0xff) {
-    case SQLITE_BUSY:
-    case SQLITE_LOCKED: return "Ein anderes Programm hält die Datei gesperrt";
-    case SQLITE_NOTADB: return "Das ist keine Datenbank";
-    case SQLITE_CORRUPT: return "Die Datenbank ist beschädigt";
-    case SQLITE_READONLY: return "Die Datei ist schreibgeschützt";
-    case SQLITE_CANTOPEN: return "Die Datei lässt sich nicht öffnen";
-    case SQLITE_PERM: return "Keine Berechtigung";
-    case SQLITE_FULL: return "Auf dem Datenträger ist kein Platz mehr";
-    case SQLITE_TOOBIG: return "Die Daten sind zu groß";
-    case SQLITE_NOMEM: return "Nicht genug Speicher";
-    case SQLITE_IOERR: return "Ein-/Ausgabefehler";
-    default: return "Die Datenbank hat nicht die erwartete Form";
-    }
-}
-
-// The name under which SQLite opens a file that it may neither change nor lock.
-std::string immutableName(const fs::path& path) {
-    std::string name = "file:";
-    for (const char character : path.string()) {
-        constexpr std::string_view kDigits = "0123456789ABCDEF";
-        if (std::string_view("%?#").find(character) == std::string_view::npos) {
-            name += character;
-        } else {
-            const auto byte = static_cast<unsigned char>(character);
-            name.append({'%', kDigits[byte / 16], kDigits[byte % 16]});
-        }
-    }
-    return name + "?immutable=1";
-}
-
-bool mayWrite(const fs::path& path) { return ::access(path.c_str(), W_OK) == 0; }
 
 fs::path homeFolder() {
     if (const char* home = std::getenv("HOME"); home && *home == '/') return home;
@@ -89,55 +29,6 @@ fs::path homeFolder() {
     ::getpwuid_r(::getuid(), &entry, texts.data(), texts.size(), &found);
     return found && found->pw_dir && *found->pw_dir == '/' ? found->pw_dir : "/";
 }
-
-// One SQL statement, from its preparation to its end.
-class Statement final {
-public:
-    Statement(sqlite3* connection, const char* text)
-        : m_code(sqlite3_prepare_v2(connection, text, -1, &m_statement, nullptr)) {}
-    Statement(const Statement&) = delete;
-    Statement& operator=(const Statement&) = delete;
-    ~Statement() { sqlite3_finalize(m_statement); }
-
-    // What is bound must outlive the statement.
-    Statement& bindText(int place, std::string_view text) {
-        if (m_code == SQLITE_OK)
-            m_code = sqlite3_bind_text64(m_statement, place, text.data(), text.size(),
-                                         SQLITE_STATIC, SQLITE_UTF8);
-        return *this;
-    }
-    Statement& bindData(int place, std::string_view data) {
-        const char* bytes = data.empty() ? "" : data.data(); // a null pointer would bind NULL
-        if (m_code == SQLITE_OK)
-            m_code = sqlite3_bind_blob64(m_statement, place, bytes, data.size(), SQLITE_STATIC);
-        return *this;
-    }
-
-    // Whether there is a next row.
-    [[nodiscard]] bool step() {
-        if (m_code != SQLITE_OK) return false;
-        const int code = sqlite3_step(m_statement);
-        if (code != SQLITE_DONE && code != SQLITE_ROW) m_code = code;
-        return code == SQLITE_ROW;
-    }
-
-    // SQLITE_OK unless something failed.
-    [[nodiscard]] int code() const { return m_code; }
-
-    [[nodiscard]] int run() {
-        while (step()) {
-        }
-        return m_code;
-    }
-
-    [[nodiscard]] std::int64_t number(int column) const {
-        return sqlite3_column_int64(m_statement, column);
-    }
-
-private:
-    sqlite3_stmt* m_statement = nullptr;
-    int m_code;
-};
 
 // Reads a value into `data` itself; a statement would put it together in memory of its own first.
 int readValue(sqlite3* connection, std::int64_t row, std::string& data) {
@@ -156,6 +47,45 @@ int readValue(sqlite3* connection, std::int64_t row, std::string& data) {
     return code;
 }
 
+// Reads the value under `key`, if there is one.
+int readData(sqlite3* connection, std::string_view key, std::optional<std::string>& data) {
+    data.reset();
+    // A database without the table holds nothing. Only this answer says so for certain: the failure
+    // to use the table may as well be that of reading the file.
+    Statement table(connection,
+                    "SELECT 1 FROM sqlite_schema WHERE name = 'defaults' COLLATE NOCASE");
+    if (!table.step()) return table.code();
+    Statement value(connection,
+                    "SELECT rowid FROM defaults WHERE key = ?1 AND typeof(value) = 'blob'");
+    if (!value.bindText(1, key).step()) return value.code();
+    return readValue(connection, value.number(0), data.emplace());
+}
+
+// Copies the value under `key` into the table `damaged` if the SQL condition holds for it.
+int putAside(sqlite3* connection, std::string_view key, const std::string& condition) {
+    const std::string rows = " FROM defaults WHERE key = ?1 AND " + condition;
+    Statement value(connection, ("SELECT 1" + rows).c_str());
+    if (!value.bindText(1, key).step()) return value.code();
+    const int code = Statement(connection, "CREATE TABLE IF NOT EXISTS "
+                                           "damaged(key TEXT, value, at TEXT)")
+                         .run();
+    if (code != SQLITE_OK) return code;
+    return Statement(connection, ("INSERT INTO damaged(key, value, at) SELECT key, value, "
+                                  "strftime('%Y-%m-%dT%H:%M:%SZ', 'now')" +
+                                  rows)
+                                     .c_str())
+        .bindText(1, key)
+        .run();
+}
+
+int putData(sqlite3* connection, std::string_view key, std::string_view data) {
+    return Statement(connection, "INSERT INTO defaults(key, value) VALUES(?1, ?2) "
+                                 "ON CONFLICT(key) DO UPDATE SET value = excluded.value")
+        .bindText(1, key)
+        .bindData(2, data)
+        .run();
+}
+
 } // namespace
 
 fs::path defaultDatabasePath() {
@@ -166,193 +96,121 @@ fs::path defaultDatabasePath() {
 }
 
 SqliteKeyValueStore::SqliteKeyValueStore(fs::path path, std::chrono::milliseconds wait)
-    : m_path(std::move(path)), m_wait(wait) {}
+    : m_file(std::move(path), wait) {}
 
-SqliteKeyValueStore::~SqliteKeyValueStore() { disconnect(); }
-
-Result<std::optional<std::string>> SqliteKeyValueStore::dataForKey(std::string_view key) {
-    std::optional<std::string> data;
-    const auto done = read([&] {
-        // A database without the table holds nothing. Only this answer says so for certain: the
-        // failure to use the table may as well be that of reading the file.
-        Statement table(m_connection,
-                        "SELECT 1 FROM sqlite_schema WHERE name = 'defaults' COLLATE NOCASE");
-        if (!table.step()) return table.code();
-        // The statement lives on while the value is read, or another process could change it now.
-        Statement value(m_connection,
-                        "SELECT rowid FROM defaults WHERE key = ?1 AND typeof(value) = 'blob'");
-        if (!value.bindText(1, key).step()) return value.code();
-        return readValue(m_connection, value.number(0), data.emplace());
-    });
-    if (!done) {
-        m_unreadKeys.insert_or_assign(std::string(key), done.error());
-        return std::unexpected(done.error());
-    }
-    if (const auto found = m_unreadKeys.find(key); found != m_unreadKeys.end())
-        m_unreadKeys.erase(found);
-    return data;
+SqliteKeyValueStore::~SqliteKeyValueStore() {
+    writeWaiting();
+    m_file.tidy();
 }
 
-Result<> SqliteKeyValueStore::setData(std::string_view key, std::string_view data) {
-    if (const auto found = m_unreadKeys.find(key); found != m_unreadKeys.end())
-        return std::unexpected(found->second);
-    return write([&] {
-        // What is no data value was no list to whoever read it, so nobody has put it aside.
-        if (const int code = putAside(key, "typeof(value) <> 'blob'"); code != SQLITE_OK)
-            return code;
-        return Statement(m_connection, "INSERT INTO defaults(key, value) VALUES(?1, ?2) "
-                                       "ON CONFLICT(key) DO UPDATE SET value = excluded.value")
-            .bindText(1, key)
-            .bindData(2, data)
-            .run();
-    });
-}
-
-Result<> SqliteKeyValueStore::preserve(std::string_view key) {
-    return write([&] { return putAside(key, "true"); });
-}
-
-int SqliteKeyValueStore::putAside(std::string_view key, const std::string& condition) {
-    const std::string rows = " FROM defaults WHERE key = ?1 AND " + condition;
-    Statement value(m_connection, ("SELECT 1" + rows).c_str());
-    if (!value.bindText(1, key).step()) return value.code();
-    const int code = execute("CREATE TABLE IF NOT EXISTS damaged(key TEXT, value, at TEXT)");
-    if (code != SQLITE_OK) return code;
-    return Statement(m_connection, ("INSERT INTO damaged(key, value, at) SELECT key, value, "
-                                    "strftime('%Y-%m-%dT%H:%M:%SZ', 'now')" +
-                                    rows)
-                                       .c_str())
-        .bindText(1, key)
-        .run();
-}
-
-Result<> SqliteKeyValueStore::read(const Work& work) {
-    if (isAbsent()) return {};
-    auto done = attempt(kCannotRead, work);
-    // Nobody reads a list twice soon, and SQLite would keep two megabytes of it.
-    if (m_connection) sqlite3_db_release_memory(m_connection);
-    return done;
-}
-
-Result<> SqliteKeyValueStore::write(const Work& work) {
-    if (auto created = createIfAbsent(); !created) return created;
-    std::this_thread::sleep_until(m_lastChange + kRest);
-    auto done = attempt(kCannotWrite, [&] {
-        int code = prepareForWriting();
-        // The right to write comes first: a transaction that read before could not wait for it.
-        if (code == SQLITE_OK) code = execute("BEGIN IMMEDIATE");
-        if (code == SQLITE_OK)
-            code = execute("CREATE TABLE IF NOT EXISTS defaults(key TEXT PRIMARY KEY, value)");
-        if (code == SQLITE_OK) code = work();
-        if (code == SQLITE_OK) code = execute("COMMIT");
-        return code; // closing the connection rolls back
-    });
-    m_lastChange = Clock::now();
-    return done;
-}
-
-Result<> SqliteKeyValueStore::attempt(std::string_view what, const Work& work) {
-    // Who has just waited in vain does not wait again at once: a window reads three lists before it
-    // is shown, and would be three times as late.
-    const bool mayWait = Clock::now() >= m_lastVainWait + m_wait;
-    m_deadline = Clock::now() + (mayWait ? m_wait : std::chrono::milliseconds(0));
-    while (true) {
-        int code = connect();
-        if (code == SQLITE_OK) code = work();
-        if (code == SQLITE_OK) {
-            if (m_isSnapshot) disconnect();
-            return {};
+std::vector<Result<KeyValueStore::Data>>
+SqliteKeyValueStore::dataForKeys(std::span<const std::string_view> keys) {
+    std::vector<Result<Data>> found(keys.size());
+    bool hasFailed = false;
+    const auto done = m_file.read([&](sqlite3* connection) {
+        hasFailed = false;
+        for (std::size_t i = 0; i < keys.size(); ++i) {
+            Data data;
+            const int code = readData(connection, keys[i], data);
+            if ((code & 0xff) == SQLITE_BUSY) return code; // for all, and later it may go
+            hasFailed = hasFailed || code != SQLITE_OK;
+            if (code == SQLITE_OK)
+                found[i] = std::move(data);
+            else
+                found[i] = std::unexpected(m_file.errorNow(kCannotRead, code));
         }
-        const Error error = errorNow(what, code);
-        disconnect();
-        // SQLite does not wait where that could be a deadlock, as when two processes make the
-        // database at the same time.
-        const bool isBusy = (code & 0xff) == SQLITE_BUSY;
-        if (!isBusy || Clock::now() >= m_deadline) {
-            if (isBusy && mayWait) m_lastVainWait = Clock::now();
-            return std::unexpected(error);
+        return SQLITE_OK;
+    });
+    if (hasFailed) m_file.disconnect();
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        if (!done) found[i] = std::unexpected(done.error());
+        noteRead(std::string(keys[i]), found[i]);
+    }
+    return found;
+}
+
+void SqliteKeyValueStore::noteRead(const std::string& key, Result<Data>& found) {
+    Known& known = m_known[key];
+    known.readError.reset();
+    if (!found) {
+        known.readError = found.error();
+        return;
+    }
+    const Fingerprint stored = fingerprintOf(*found);
+    for (Batch& waiting : m_waiting) {
+        const auto own = waiting.find(key);
+        if (own == waiting.end()) continue;
+        if (known.allows(stored)) {
+            found = own->second.data; // newer than what is stored
+            return;
         }
-        std::this_thread::sleep_for(kPause);
+        waiting.erase(own);
     }
+    known.seen = stored;
+    known.isDamaged = false;
 }
 
-bool SqliteKeyValueStore::isAbsent() const {
-    struct stat status{};
-    return ::lstat(m_path.c_str(), &status) != 0 && errno == ENOENT;
-}
-
-Result<> SqliteKeyValueStore::createIfAbsent() {
-    if (!isAbsent()) return {};
-    if (const auto created = createFolder(m_path.parent_path()); !created)
-        return failure("SQLite", SQLITE_CANTOPEN, created.error().localizedDescription);
-    // By hand, since SQLite would let others read it. Only ever a new file: closing a descriptor of
-    // one that is in use would drop the locks that SQLite holds on it.
-    const int file = ::open(m_path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
-    if (file >= 0) ::close(file);
-    if (file >= 0 || errno == EEXIST) return {}; // another process may have been quicker
-    return failure("SQLite", SQLITE_CANTOPEN,
-                   posixError(errno, kCannotCreate, m_path).localizedDescription);
-}
-
-int SqliteKeyValueStore::connect() {
-    struct stat status{};
-    const bool isThere = ::stat(m_path.c_str(), &status) == 0;
-    const bool isSame = isThere && status.st_dev == m_device && status.st_ino == m_inode;
-    if (m_connection && !isSame) {
-        // The file was taken away or replaced. The log beside it is the new one's now, so closing
-        // must neither apply nor remove it.
-        int yes = 1;
-        sqlite3_file_control(m_connection, "main", SQLITE_FCNTL_PERSIST_WAL, &yes);
-        sqlite3_db_config(m_connection, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
-        disconnect();
+Result<> SqliteKeyValueStore::setValues(std::vector<Value> values) {
+    Batch batch;
+    for (Value& value : values)
+        batch.insert_or_assign(std::string(value.key), Pending{std::move(value.data)});
+    // What waits together with one of these still goes together with it.
+    std::erase_if(m_waiting, [&](Batch& waiting) {
+        if (std::ranges::none_of(batch,
+                                 [&](const auto& entry) { return waiting.contains(entry.first); }))
+            return false;
+        batch.merge(waiting); // but for what is older than the new values
+        return true;
+    });
+    if (auto written = write(batch); !written) {
+        for (auto& [key, pending] : batch)
+            pending.hasWaited = true;
+        m_waiting.push_back(std::move(batch));
+        return written;
     }
-    if (m_connection) return SQLITE_OK;
-    if (isThere && !S_ISREG(status.st_mode))
-        return S_ISDIR(status.st_mode) ? SQLITE_CANTOPEN_ISDIR : SQLITE_CANTOPEN;
-
-    // Where SQLite may not make its log, it cannot even read; or it leaves an empty log that nobody
-    // removes. As long as there is no log, the file alone is the database.
-    const auto hasCompanion = [&](const char* ending) {
-        std::error_code ignored;
-        return fs::exists(m_path.string() + ending, ignored);
-    };
-    m_isSnapshot = isThere && (!mayWrite(m_path) || !mayWrite(m_path.parent_path())) &&
-                   !hasCompanion("-wal") && !hasCompanion("-journal");
-    const std::string name = m_isSnapshot ? immutableName(m_path) : m_path.string();
-    const int access =
-        m_isSnapshot ? SQLITE_OPEN_READONLY | SQLITE_OPEN_URI : SQLITE_OPEN_READWRITE;
-    m_device = status.st_dev;
-    m_inode = status.st_ino;
-    m_isPreparedForWriting = false;
-    const int code =
-        sqlite3_open_v2(name.c_str(), &m_connection, access | SQLITE_OPEN_EXRESCODE, nullptr);
-    const auto waitForOthers = [](void* deadline, int) {
-        if (Clock::now() >= *static_cast<const Clock::time_point*>(deadline)) return 0;
-        std::this_thread::sleep_for(kPause);
-        return 1;
-    };
-    if (code == SQLITE_OK) sqlite3_busy_handler(m_connection, waitForOthers, &m_deadline);
-    return code;
+    writeWaiting();
+    return {};
 }
 
-int SqliteKeyValueStore::prepareForWriting() {
-    if (m_isPreparedForWriting) return SQLITE_OK;
-    const int code = execute(kWritingSettings);
-    m_isPreparedForWriting = code == SQLITE_OK;
-    return code;
+void SqliteKeyValueStore::writeWaiting() {
+    std::erase_if(m_waiting,
+                  [&](Batch& waiting) { return waiting.empty() || write(waiting).has_value(); });
 }
 
-void SqliteKeyValueStore::disconnect() { sqlite3_close(std::exchange(m_connection, nullptr)); }
-
-int SqliteKeyValueStore::execute(const char* statements) {
-    return sqlite3_exec(m_connection, statements, nullptr, nullptr, nullptr);
+Result<> SqliteKeyValueStore::write(const Batch& batch) {
+    std::optional<Error> refusal;
+    auto written = m_file.write([&](sqlite3* connection) {
+        refusal.reset();
+        int code = Statement(connection, "CREATE TABLE IF NOT EXISTS "
+                                         "defaults(key TEXT PRIMARY KEY, value)")
+                       .run();
+        for (const auto& [key, pending] : batch) {
+            Known& known = m_known[key];
+            known.isOvertaken = false;
+            if (code == SQLITE_OK && (pending.hasWaited || known.readError)) {
+                Data stored;
+                code = readData(connection, key, stored);
+                known.isOvertaken = !known.allows(fingerprintOf(stored));
+            }
+            if (known.isOvertaken && pending.hasWaited) continue;
+            if (known.isOvertaken) refusal = known.readError;
+            if (code != SQLITE_OK || refusal) return code != SQLITE_OK ? code : SQLITE_ABORT;
+            // What is no data value was no list to whoever read it, so nobody has told of it.
+            code = putAside(connection, key, known.isDamaged ? "true" : "typeof(value) <> 'blob'");
+            if (code == SQLITE_OK) code = putData(connection, key, pending.data);
+        }
+        return code;
+    });
+    if (refusal) return std::unexpected(*refusal);
+    if (!written) return written;
+    for (const auto& [key, pending] : batch)
+        if (Known& known = m_known[key]; !known.isOvertaken)
+            known = Known{.seen = fingerprintOf(pending.data), .readError = {}};
+    return {};
 }
 
-Error SqliteKeyValueStore::errorNow(std::string_view what, int code) const {
-    const char* original = m_connection ? sqlite3_errmsg(m_connection) : sqlite3_errstr(code);
-    return {"SQLite", code,
-            std::string(what) + ": " + std::string(reasonFor(code)) + " („" + m_path.string() +
-                "“; " + original + ")."};
+void SqliteKeyValueStore::preserve(std::string_view key) {
+    m_known[std::string(key)].isDamaged = true;
 }
 
 } // namespace korvan

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/desktop/SqliteFile.h"
 #include "store/KeyValueStore.h"
 
 #include <chrono>
@@ -8,11 +9,10 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
-#include <sys/types.h>
-
-struct sqlite3;
+#include <vector>
 
 namespace korvan {
 
@@ -26,15 +26,14 @@ namespace korvan {
 //     damaged(key TEXT, value, at TEXT)       what was put aside, and when (ISO 8601, UTC); the
 //                                             program never reads it
 //
-// Each change is one durable transaction. File and folder are made for their owner alone when the
-// first value is written; before that, nothing is there.
+// File and folder are made for their owner alone when the first value is written; before that,
+// nothing is there. Errors are those of SqliteFile.
 //
-// Several objects and processes may use one file: each waits for its turn, at most for the time
-// given. Whatever else is wrong with the file (not readable, read-only, no database at all), it is
-// left as it is and each call fails with a German description. Nothing of that is remembered but
-// which keys could not be read, so a call succeeds as soon as the cause is gone.
+// Values that could not be written are tried again, together as they were set: with the next
+// change of any key, and when this object ends. Those of keys that somebody else has changed
+// meanwhile are dropped. Until then they are what reading gives.
 //
-// Errors are of the domain "SQLite", their code is SQLite's extended result code.
+// When this object ends, what was deleted is taken out of the files.
 class SqliteKeyValueStore final : public KeyValueStore {
 public:
     // Opens nothing yet. `path` is absolute; `wait` is how long one call waits for others.
@@ -42,44 +41,47 @@ public:
                                  std::chrono::milliseconds wait = std::chrono::seconds(2));
     ~SqliteKeyValueStore() override;
 
-    [[nodiscard]] Result<std::optional<std::string>> dataForKey(std::string_view key) override;
-    [[nodiscard]] Result<> setData(std::string_view key, std::string_view data) override;
-    [[nodiscard]] Result<> preserve(std::string_view key) override;
+    [[nodiscard]] std::vector<Result<Data>>
+    dataForKeys(std::span<const std::string_view> keys) override;
+    [[nodiscard]] Result<> setValues(std::vector<Value> values) override;
+    void preserve(std::string_view key) override;
 
 private:
-    // Part of an operation on the open connection; answers SQLite's result code.
-    using Work = std::function<int()>;
+    // Tells whether a stored value is still the same. Nothing stored has that of an empty optional.
+    using Fingerprint = std::optional<std::size_t>;
+    static Fingerprint fingerprintOf(const Data& data) {
+        return data ? Fingerprint(std::hash<std::string>{}(*data)) : std::nullopt;
+    }
 
-    // The two kinds of operation. Both connect first when needed, and begin anew while others are
-    // in the way and time is left. After a failure nothing stays open.
-    [[nodiscard]] Result<> read(const Work& work);
-    [[nodiscard]] Result<> write(const Work& work); // `work` in one transaction
-    [[nodiscard]] Result<> attempt(std::string_view what, const Work& work);
+    // What this object knows of a key.
+    struct Known {
+        Fingerprint seen;               // what it last read or wrote
+        std::optional<Error> readError; // of the last reading
+        bool isDamaged = false;         // see preserve
+        bool isOvertaken = false;       // the last writing found another value than `seen`
 
-    // Copies the value under `key` into the table `damaged` if the SQL condition holds for it. For
-    // use within a transaction; answers SQLite's result code.
-    [[nodiscard]] int putAside(std::string_view key, const std::string& condition);
+        // Whether `stored` may be overwritten as something that was seen.
+        [[nodiscard]] bool allows(const Fingerprint& stored) const {
+            return !stored || stored == seen;
+        }
+    };
 
-    [[nodiscard]] bool isAbsent() const;
-    [[nodiscard]] Result<> createIfAbsent();
-    [[nodiscard]] int connect();
-    [[nodiscard]] int prepareForWriting();
-    void disconnect();
-    [[nodiscard]] int execute(const char* statements);
-    [[nodiscard]] Error errorNow(std::string_view what, int code) const;
+    struct Pending {
+        std::string data;
+        bool hasWaited = false;
+    };
 
-    std::filesystem::path m_path;
-    std::chrono::milliseconds m_wait;
-    std::chrono::steady_clock::time_point m_deadline;       // until when the current call waits
-    std::chrono::steady_clock::time_point m_lastVainWait;   // when it ended
-    std::chrono::steady_clock::time_point m_lastChange;     // of this object
-    std::map<std::string, Error, std::less<>> m_unreadKeys; // whose last read failed, and why
+    // Values by their keys, to be written in one transaction.
+    using Batch = std::map<std::string, Pending, std::less<>>;
 
-    sqlite3* m_connection = nullptr;
-    dev_t m_device = 0; // of the file that the connection is to
-    ino_t m_inode = 0;
-    bool m_isSnapshot = false; // the connection does not see changes of others
-    bool m_isPreparedForWriting = false;
+    // Takes in what was read; gives `found` the value that waits to be written instead, if any.
+    void noteRead(const std::string& key, Result<Data>& found);
+    [[nodiscard]] Result<> write(const Batch& batch);
+    void writeWaiting();
+
+    SqliteFile m_file;
+    std::map<std::string, Known, std::less<>> m_known;
+    std::vector<Batch> m_waiting;
 };
 
 } // namespace korvan

@@ -20,8 +20,13 @@ constexpr std::string_view kBackupFileType = "json";
 } // namespace
 
 ContentView::ContentView(KeyValueStore& keyValueStore, const Desktop& desktop)
-    : store(keyValueStore), categoryStore(keyValueStore), snippetStore(keyValueStore),
-      m_desktop(desktop), m_terminalLauncher(desktop.workspace),
+    : ContentView(keyValueStore, StoredLists(keyValueStore), desktop) {}
+
+ContentView::ContentView(KeyValueStore& keyValueStore, StoredLists stored, const Desktop& desktop)
+    : store(keyValueStore, std::move(stored.profiles)),
+      categoryStore(keyValueStore, std::move(stored.categories)),
+      snippetStore(keyValueStore, std::move(stored.snippets)), m_desktop(desktop),
+      m_terminalLauncher(desktop.workspace),
       m_ownSubscription(m_observers.observe([this] { forgetWhatIsHidden(); })),
       m_storeSubscriptions{store.observe([this] { m_observers.notify(); }),
                            categoryStore.observe([this] { m_observers.notify(); }),
@@ -141,9 +146,7 @@ void ContentView::selectProfile(const SSHProfile& profile) {
 
 void ContentView::reloadAll() {
     const Action action(*this);
-    store.load();
-    snippetStore.load();
-    categoryStore.load();
+    loadAll(store, snippetStore, categoryStore);
 }
 
 void ContentView::chooseCategoryFilter(const CategoryFilter& filter) { categoryFilter = filter; }
@@ -273,11 +276,8 @@ void ContentView::importBackup() {
 
 void ContentView::confirmImport() {
     // Moved out, not copied: the document may be large.
-    if (std::optional<KorvanBackup> backup = pendingImportBackup.exchange(std::nullopt)) {
-        store.replaceAll(std::move(backup->profiles));
-        snippetStore.replaceAll(std::move(backup->snippets));
-        categoryStore.replaceAll(std::move(backup->categories));
-    }
+    if (std::optional<KorvanBackup> backup = pendingImportBackup.exchange(std::nullopt))
+        replaceAll(store, snippetStore, categoryStore, std::move(*backup));
     showImportConfirm = false;
 }
 

@@ -157,6 +157,7 @@ private:
 
     void forgetWhatIsHidden();
     void unselectHiddenProfiles();
+    ContentView(KeyValueStore& keyValueStore, StoredLists stored, const Desktop& desktop);
     void beginProfileEditor(SSHProfile draft, bool isEdit);
     void showToast(std::string_view label);
     void showFailure(std::string_view prefix, const Error& error);

@@ -5,6 +5,7 @@
 #include "support/TemporaryFolder.h"
 
 #include <algorithm>
+#include <array>
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 #include <sys/wait.h>
@@ -17,6 +18,12 @@ namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 
 constexpr std::string_view kProfiles = "ssh_profiles_v3";
+constexpr std::array<std::string_view, 3> kKeys = {"a", "b", "c"};
+
+// The same data under three keys.
+std::vector<KeyValueStore::Value> valuesOf(const std::string& data) {
+    return {{"a", data}, {"b", data}, {"c", data}};
+}
 
 // A database in a folder of its own, and another program's way into it.
 class SqliteStore : public testing::Test {
@@ -33,6 +40,12 @@ protected:
         };
         const int code = sqlite3_exec(otherProgram, sql.c_str(), take, &answer, nullptr);
         return code == SQLITE_OK ? answer : sqlite3_errmsg(otherProgram);
+    }
+
+    // All values in the order of their keys, as the other program sees them.
+    std::string valuesNow() {
+        return ask("SELECT coalesce(group_concat(CAST(value AS TEXT), ''), '') FROM "
+                   "(SELECT value FROM defaults ORDER BY key)");
     }
 
     // What a profile store prints that starts on the database and gets one profile more.
@@ -75,7 +88,7 @@ TEST_F(SqliteStore, KeepsThreePrivateListsFromTheFirstStartOn) {
 }
 
 TEST_F(SqliteStore, TakesAnotherTypeForNothingAndPutsDamagedDataAside) {
-    ASSERT_TRUE(keyValueStore.setData(kProfiles, std::string_view("[{\0", 3)));
+    ASSERT_TRUE(keyValueStore.setData(kProfiles, std::string("[{\0", 3)));
     EXPECT_TRUE(printed(keyValueStore).starts_with("Profile load error: "));
     EXPECT_EQ(ask("SELECT key || hex(value) FROM damaged"), "ssh_profiles_v35B7B00");
     EXPECT_EQ(ask("SELECT at LIKE '____-__-__T__:__:__Z' AND "
@@ -127,6 +140,130 @@ TEST_F(SqliteStore, LeavesADatabaseThatItCannotUseAsItWas) {
         EXPECT_EQ(store.dataForKey(kProfiles), "[]");
         EXPECT_TRUE(store.setData(kProfiles, "[]"));
     }
+}
+
+TEST_F(SqliteStore, ReadsAtOneMomentWhatIsWrittenInOneTransaction) {
+    ASSERT_TRUE(keyValueStore.setValues(valuesOf("0")));
+    const pid_t writer = ::fork();
+    if (writer == 0) {
+        SqliteKeyValueStore window(databaseFile);
+        bool isWritten = true;
+        for (int round = 1; round <= 100 && isWritten; ++round)
+            isWritten = window.setValues(valuesOf(std::to_string(round))).has_value();
+        ::_exit(isWritten ? 0 : 1);
+    }
+    int status = 0;
+    while (::waitpid(writer, &status, WNOHANG) == 0) {
+        const auto found = keyValueStore.dataForKeys(kKeys);
+        EXPECT_TRUE(found[0] == found[1] && found[1] == found[2]);
+    }
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(keyValueStore.dataForKey("c"), "100");
+}
+
+TEST_F(SqliteStore, TriesAgainWhatItCouldNotWriteUnlessSomebodyElseWasQuicker) {
+    using Step = std::function<void(SqliteKeyValueStore&)>;
+    const auto fails = [&](std::vector<KeyValueStore::Value> values) {
+        return [this, values](SqliteKeyValueStore& window) {
+            ask("BEGIN IMMEDIATE");
+            EXPECT_EQ(window.setValues(values).error().code, SQLITE_BUSY);
+            ask("ROLLBACK");
+        };
+    };
+    const auto sets = [](const char* key, const char* data) {
+        return [=](SqliteKeyValueStore& window) { EXPECT_TRUE(window.setData(key, data)); };
+    };
+    const auto reads = [](const char* data) {
+        return [=](SqliteKeyValueStore& window) { EXPECT_EQ(window.dataForKey("a"), data); };
+    };
+    const Step other = [&](auto&) { ask("UPDATE defaults SET value = x'39' WHERE key = 'a'"); };
+    const Step isRefused = [&](SqliteKeyValueStore& window) {
+        fs::rename(databaseFile, folder.path() / "aside"), fs::create_directory(databaseFile);
+        EXPECT_FALSE(window.dataForKey("a"));
+        fs::remove(databaseFile), fs::rename(folder.path() / "aside", databaseFile);
+    };
+    const Step gone = [&](auto&) { ask("DELETE FROM defaults"); };
+    const struct {
+        std::vector<Step> steps;
+        std::string before,
+            after; // what stands under the three keys, and when the window is closed
+    } cases[] = {
+        {{fails({{"a", "1"}})}, "000", "100"},
+        {{fails({{"a", "1"}}), sets("b", "2")}, "120", "120"},
+        {{fails({{"a", "1"}}), fails({{"b", "2"}}), sets("c", "3")}, "123", "123"},
+        {{fails({{"a", "1"}}), sets("a", "2")}, "200", "200"},
+        {{fails({{"a", "1"}}), other}, "900", "900"},
+        {{fails({{"a", "1"}}), other, reads("9"), sets("b", "2")}, "920", "920"},
+        {{fails({{"a", "1"}}), reads("1"), reads("1")}, "000", "100"},
+        {{fails(valuesOf("1")), other, sets("c", "3")}, "913", "913"},
+        {{fails(valuesOf("1")), fails({{"c", "3"}})}, "000", "113"},
+        {{fails({{"a", "1"}}), gone}, "", "1"},
+        {{isRefused, sets("a", "1")}, "100", "100"},
+        {{isRefused, other, [](auto& window) { EXPECT_FALSE(window.setData("a", "1")); }},
+         "900",
+         "900"},
+    };
+    for (std::size_t number = 0; const auto& [steps, before, after] : cases) {
+        SCOPED_TRACE(number++);
+        ASSERT_TRUE(keyValueStore.setValues(valuesOf("0")));
+        std::optional<SqliteKeyValueStore> window(std::in_place, databaseFile, 0ms);
+        EXPECT_EQ(window->dataForKeys(kKeys)[0], "0");
+        for (const Step& step : steps)
+            step(*window);
+        EXPECT_EQ(valuesNow(), before);
+        window.reset();
+        EXPECT_EQ(valuesNow(), after);
+    }
+}
+
+TEST_F(SqliteStore, LeavesNothingOfWhatWasDeletedOnceItIsClosed) {
+    const std::string note = "geheime Notiz ";
+    std::string longNote;
+    while (longNote.size() < 300'000)
+        longNote += note;
+    const auto isThere = [&] {
+        return std::ranges::any_of(files(),
+                                   [&](const auto& file) { return file.second.contains(note); });
+    };
+    const auto change = [&](SqliteKeyValueStore& window) {
+        for (const std::string& text : {longNote, longNote.substr(0, 200'000), note, longNote})
+            ASSERT_TRUE(window.setData("a", text) && window.setData("b", "[]"));
+        ASSERT_TRUE(window.setData("a", std::string(250'000, '-')));
+        EXPECT_TRUE(isThere());
+    };
+    const auto isClean = [&] { return !isThere() && files().size() == 1; };
+    { // a window, and one that a kill ended; later another that changes nothing
+        SqliteKeyValueStore window(databaseFile);
+        change(window);
+    }
+    EXPECT_TRUE(isClean());
+    const pid_t child = ::fork();
+    if (child == 0) {
+        SqliteKeyValueStore window(databaseFile);
+        change(window);
+        ::_exit(0);
+    }
+    ::waitpid(child, nullptr, 0);
+    EXPECT_TRUE(isThere());
+    EXPECT_TRUE(SqliteKeyValueStore(databaseFile).dataForKey("a").has_value());
+    EXPECT_TRUE(isClean());
+    { // beside another program: one that does nothing, and one that reads for a long time
+        SqliteKeyValueStore window(databaseFile);
+        change(window);
+        ask("SELECT 1 FROM defaults");
+    }
+    EXPECT_FALSE(isThere());
+    const auto start = std::chrono::steady_clock::now();
+    {
+        SqliteKeyValueStore window(databaseFile);
+        ask("BEGIN; SELECT value FROM defaults");
+        change(window);
+    }
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 1s) << "nobody is waited for";
+    sqlite3_close(std::exchange(otherProgram, nullptr));
+    EXPECT_TRUE(SqliteKeyValueStore(databaseFile).dataForKey("a").has_value());
+    EXPECT_TRUE(isClean());
+    EXPECT_EQ(ask("SELECT hex(value) FROM defaults WHERE key = 'b'"), "5B5D");
 }
 
 TEST_F(SqliteStore, ReadsADatabaseThatItMayNotWrite) {

@@ -363,16 +363,22 @@ TEST_F(BackupActions, SayWhatFailedAndChangeNothing) {
     EXPECT_TRUE(view.pendingImportBackup->has_value()) << "what waits is still there";
 }
 
-TEST_F(BackupActions, LetTheOtherListsProceedWhenOneCannotBeSaved) {
+TEST_F(BackupActions, WriteAllThreeListsAtOnceOrPrintALineForEach) {
     view.pendingImportBackup = exampleBackup();
-    memory.onWrite = [&] { memory.writingFails = memory.writtenKeys.size() == 1; };
+    memory.calls.clear();
+    memory.writingFails = true;
     testing::internal::CaptureStdout();
     view.confirmImport();
-    EXPECT_EQ(testing::internal::GetCapturedStdout(),
-              "Snippet save error: kein Platz\nCategory save error: kein Platz\n");
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "Profile save error: kein Platz\n"
+                                                      "Snippet save error: kein Platz\n"
+                                                      "Category save error: kein Platz\n");
+    EXPECT_EQ(view.store.profiles(), exampleBackup().profiles);
     EXPECT_EQ(view.snippetStore.snippets(), exampleBackup().snippets);
     EXPECT_EQ(view.categoryStore.categories(), exampleBackup().categories);
     EXPECT_FALSE(view.showError);
+    view.reloadAll();
+    const ContentView another(memory, desktop.desktop());
+    EXPECT_EQ(memory.calls, "w3r3r3") << "read at one moment, too";
 }
 
 } // namespace korvan
