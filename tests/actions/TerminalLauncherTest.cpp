@@ -7,7 +7,11 @@
 #include "support/TemporaryFolder.h"
 
 #include <cerrno>
+#include <cstdlib>
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
 
 namespace korvan {
 
@@ -41,6 +45,7 @@ TEST(TerminalScript, ShowsTheCommandEscapedAndRunsItUnchanged) {
               "echo \"\xE2\x8F\x8E Enter zum Schlie\xC3\x9F"
               "en\xE2\x80\xA6\"\n"
               "read");
+    EXPECT_EQ(terminalScript("a\xff"), terminalScript("a\uFFFD"));
 }
 
 TEST(TerminalLauncher, HandsAnExecutablePrivateScriptToTheTerminal) {
@@ -80,6 +85,26 @@ TEST(TerminalLauncher, PassesOnWhatChmodComplainsAbout) {
     EXPECT_TRUE(chmod.standardError.ends_with("\n"));
     EXPECT_EQ(TerminalLauncher::makeExecutable(missing).error(),
               (Error{"TerminalLauncher", 1, chmod.standardError}));
+    ::setenv("LD_PRELOAD", "/\xff", 1); // the loader complains in these bytes, too
+    EXPECT_EQ(TerminalLauncher::makeExecutable(missing).error(),
+              (Error{"TerminalLauncher", 1, "chmod failed"}));
+    ::unsetenv("LD_PRELOAD");
+}
+
+TEST(TerminalLauncher, OpensNoScriptThatItCouldNotMakeExecutable) {
+    Launch launch;
+    rlimit limit{};
+    ::getrlimit(RLIMIT_NOFILE, &limit);
+    const int next = ::open("/", O_RDONLY);
+    ::close(next);
+    // One file may be open, as for writing the script; the child's pipe needs two.
+    const rlimit low{static_cast<rlim_t>(next) + 1, limit.rlim_max};
+    ::setrlimit(RLIMIT_NOFILE, &low);
+    const auto opened = launch.open();
+    ::setrlimit(RLIMIT_NOFILE, &limit);
+    EXPECT_EQ(opened.error().code, EMFILE);
+    EXPECT_TRUE(launch.workspace.paths.empty());
+    EXPECT_EQ(launch.folder.entryCount(), 1);
 }
 
 } // namespace korvan

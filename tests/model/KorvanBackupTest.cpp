@@ -73,6 +73,8 @@ TEST(KorvanBackup, IsWrittenPrettyWithSortedKeysAndReadAgain) {
 
 TEST(KorvanBackup, WritesItsTimeInUtcToTheWholeSecondThatHasBegun) {
     using namespace std::chrono;
+    ::setenv("TZ", "Asia/Tokyo", 1); // another time than UTC all year
+    ::tzset();
     const auto textOf = [](milliseconds time) {
         return makeBackup({}, {}, {}, system_clock::time_point(time)).createdAtISO8601;
     };
@@ -110,6 +112,8 @@ TEST(KorvanBackup, GivesTheOlderVersionTheCurrentCategories) {
     EXPECT_EQ(writeBackup(readBackup(olderText(), current).value()), writeBackup(backup));
     EXPECT_EQ(readBackup(olderText(), {}).value().categories, std::vector{defaultCategory()});
     EXPECT_EQ(errorCode(replaced(olderText(), "lumera", "lumen")), 1);
+    for (const std::string version : {"0", "2", "-1"})
+        EXPECT_EQ(errorCode(replaced(olderText(), " 1", " " + version)), 1) << version;
 }
 
 } // namespace korvan

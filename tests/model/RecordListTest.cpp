@@ -123,6 +123,8 @@ TEST(RecordList, NamesPlaceAndKeyOfWhatItCannotRead) {
         {"2222", "9223372036854775808", "port: expected an integer of 64 bits"},
         {"2222", "null", "port: expected an integer of 64 bits"},
         {"-000000000001", "-00000000001", "id: expected a UUID"},
+        {"-000000000001", "-0000000000012", "id: expected a UUID"},
+        {"0A0B0C0D-", "0A0B0C0D_", "id: expected a UUID"},
         {"0A0B0C0D-", "0A0B0C0D0", "id: expected a UUID"},
         {"-000000000002", "-00000000000G", "categoryId: expected a UUID"},
     };

@@ -1,19 +1,58 @@
 // SPDX-License-Identifier: MIT
-#include "model/SSHCategory.h"
+#include "model/SeedData.h"
 #include "support/Examples.h"
 
+#include <array>
 #include <gtest/gtest.h>
 
 namespace korvan {
 
-TEST(SSHProfile, DiffersFromAnotherInAnyKindOfField) {
+TEST(Record, DiffersFromAnotherInAnyField) {
     const SSHProfile profile = exampleProfile();
+    const CommandSnippet snippet = exampleSnippet();
     EXPECT_EQ(profile, exampleProfile());
+    EXPECT_EQ(snippet, exampleSnippet());
+    for (const auto field :
+         {&SSHProfile::name, &SSHProfile::host, &SSHProfile::user, &SSHProfile::identityFile,
+          &SSHProfile::password, &SSHProfile::extraArgs})
+        EXPECT_NE(profile, with(profile, field, "x"));
+    for (const auto field :
+         {&CommandSnippet::title, &CommandSnippet::commandTemplate, &CommandSnippet::hint})
+        EXPECT_NE(snippet, with(snippet, field, "x"));
     EXPECT_NE(profile, with(profile, &SSHProfile::id, exampleId(9)));
-    EXPECT_NE(profile, with(profile, &SSHProfile::password, "x"));
+    EXPECT_NE(snippet, with(snippet, &CommandSnippet::id, exampleId(9)));
     EXPECT_NE(profile, with(profile, &SSHProfile::port, 23));
     EXPECT_NE(profile, with(profile, &SSHProfile::categoryId, std::nullopt));
     EXPECT_NE(profile, with(profile, &SSHProfile::categoryId, exampleId(9)));
+}
+
+TEST(SeedData, IsAsItWasGiven) {
+    SSHProfile sample{.id = sampleProfile().id,
+                      .name = "Server Zuhause",
+                      .host = "192.168.1.10",
+                      .user = "root",
+                      .identityFile = "",
+                      .password = "",
+                      .extraArgs = "",
+                      .categoryId = {}};
+    EXPECT_EQ(sampleProfile(), sample);
+    EXPECT_EQ(SSHProfile().port, 22);
+    EXPECT_EQ(defaultCategory().name, "Zuhause");
+    const std::array<std::string, 3> snippets[] = {
+        {"Ping Host", "ping -c 4 {HOST}", "4 Pakete senden"},
+        {"Traceroute", "traceroute {HOST}", "Netzpfad anzeigen"},
+        {"SSH Verbinden (Basis)", "ssh -p {PORT} {TARGET}", "Standard-SSH"},
+        {"SSH Verbinden (Verbose)", "ssh -vvv -p {PORT} {TARGET}", "Debug-Ausgabe"},
+        {"SSH: Host Key neu einlesen", "ssh-keygen -R {HOST}", "known_hosts bereinigen"},
+        {"SCP Datei hochladen", "scp -P {PORT} ./datei.txt {TARGET}:/tmp/",
+         "Lokale Datei \u2192 Remote"},
+        {"RSYNC (empfohlen)", "rsync -avz -e \"ssh -p {PORT}\" ./ordner/ {TARGET}:/tmp/ordner/",
+         "Schnell & effizient"},
+    };
+    ASSERT_EQ(defaultSnippets().size(), std::size(snippets));
+    for (std::size_t i = 0; const CommandSnippet& snippet : defaultSnippets())
+        EXPECT_EQ((std::array{snippet.title, snippet.commandTemplate, snippet.hint}),
+                  snippets[i++]);
 }
 
 TEST(SSHCategory, IsTheSameHoweverItsAccentsAreComposed) {

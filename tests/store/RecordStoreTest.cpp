@@ -6,6 +6,7 @@
 #include "support/Examples.h"
 #include "support/MemoryKeyValueStore.h"
 
+#include <array>
 #include <gtest/gtest.h>
 
 namespace korvan {
@@ -60,16 +61,45 @@ TEST_F(RecordStoreTest, SeedsWhereThereIsNothingOrAnEmptyListAndSavesAtOnce) {
     EXPECT_TRUE(memory.preserved.empty());
 }
 
-TEST_F(RecordStoreTest, UpdatesTheFirstRecordOfTheSameIdInItsPlace) {
+TEST_F(RecordStoreTest, UpdatesOrRemovesTheFirstRecordThatFitsAndNothingElse) {
     SSHStore store(memory);
-    store.add(exampleProfile(12));
-    const SSHProfile changed = with(exampleProfile(12), &SSHProfile::host, "neu");
+    const auto profiles = threeProfiles();
+    const SSHProfile changed = with(profiles[1], &SSHProfile::host, "neu");
+    store.add(profiles[1]);
     store.update(changed);
-    EXPECT_EQ(store.profiles()[1], changed);
-    EXPECT_EQ(store.profiles()[3], exampleProfile(12));
-    memory.writtenKeys.clear();
+    EXPECT_EQ(store.profiles(), (std::vector{profiles[0], changed, profiles[2], profiles[1]}));
+    store.add(profiles[1]);
+    store.remove(profiles[1]);
+    EXPECT_EQ(store.profiles(), (std::vector{profiles[0], changed, profiles[2], profiles[1]}));
+    memory.calls.clear();
+    int calls = 0;
+    const Subscription subscription = store.observe([&] { ++calls; });
     store.update(exampleProfile(99));
-    EXPECT_TRUE(memory.writtenKeys.empty());
+    store.remove(with(profiles[0], &SSHProfile::password, "anders"));
+    EXPECT_EQ(memory.calls, "");
+    EXPECT_EQ(calls, 0);
+}
+
+TEST_F(RecordStoreTest, AllThreeAreLoadedAndReplacedAtOnceAndInOneOrder) {
+    SSHStore profiles(memory);
+    CategoryStore categories(memory);
+    SnippetStore snippets(memory);
+    std::string order;
+    const std::array subscriptions = {profiles.observe([&] { order += 'p'; }),
+                                      categories.observe([&] { order += 'c'; }),
+                                      snippets.observe([&] { order += 's'; })};
+    memory.onWrite = [&] { order += 'w'; };
+    memory.calls.clear();
+    loadAll(profiles, snippets, categories);
+    replaceAll(profiles, snippets, categories, exampleBackup());
+    EXPECT_EQ(order, "pscpscw");
+    EXPECT_EQ(memory.calls, "r3w3");
+    EXPECT_EQ(storedProfiles(), exampleBackup().profiles);
+    memory.readingFails = true;
+    EXPECT_EQ(printedBy([&] { loadAll(profiles, snippets, categories); }),
+              "Profile load error: gesperrt\nSnippet load error: gesperrt\n"
+              "Category load error: gesperrt\n");
+    EXPECT_EQ(categories.categories(), exampleBackup().categories);
 }
 
 TEST_F(RecordStoreTest, ClearsACategoryNotifyingForEachProfileAndSavingOnce) {

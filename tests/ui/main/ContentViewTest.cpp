@@ -341,6 +341,17 @@ TEST_F(BackupActions, ReplaceAllThreeListsOnceConfirmed) {
                                                             "ssh_categories_v1"}));
 }
 
+TEST_F(BackupActions, KeepTheCategoriesForAFileOfTheOlderVersion) {
+    std::string older = replaced(writeBackup(exampleBackup()), " : 2\n", " : 1\n");
+    chosenFile = folder.file("s.json", replaced(older, "categories", "unbekannt"));
+    view.categoryStore.add(exampleCategory(9));
+    const auto categories = view.categoryStore.categories();
+    view.importBackup();
+    view.confirmImport();
+    EXPECT_EQ(view.categoryStore.categories(), categories);
+    EXPECT_EQ(view.store.profiles(), exampleBackup().profiles);
+}
+
 TEST_F(BackupActions, SayWhatFailedAndChangeNothing) {
     const auto before = memory.values;
     view.pendingImportBackup = exampleBackup();
