@@ -145,44 +145,11 @@ TEST(RecordList, RefusesAllThatIsNoJsonEvenUnderKeysThatItDoesNotKnow) {
     for (const std::string json : {"", "[", "[]]", "[] []", "[]x", "[,]", "[{\"id\":}]",
                                    "[\"\xff\"]", "nul", "{}}", "\x1f[]"})
         EXPECT_NE(errorOf(json), "no error") << json;
-    std::istringstream lines(R"(
-[1
-[1]]
-[1,]
-[,1]
-[1 2]
-[}
-{
-{"a"}
-{"a":}
-{a:1}
-{1:1}
-{"a":1,}
-{"a" 1}
-{"a":1 "b":2}
-{"\udc00":1}
-nul
-nullx
-tru
-truex
-falsx
-NaN
-01
--
-+1
-1.
-.5
-1e
-1x
-0x1
-"a
-"\x"
-"\ud800"
-"\u12g4"
-"a" "b"
-//
-1,"x")");
-    for (std::string json; std::getline(lines, json);)
+    std::istringstream texts(
+        R"-([1~[1]]~[1,]~[,1]~[1 2]~[}~{~{"a"}~{"a":}~{a:1}~{1:1}~{"a":1,}~{"a" 1}~)-"
+        R"-({"a":1 "b":2}~{"\udc00":1}~nul~nullx~tru~truex~falsx~NaN~01~-~+1~1.~.5~1e~)-"
+        R"-(1x~0x1~"a~"\x"~"\ud800"~"\u12g4"~"a" "b"~//~1,"x")-");
+    for (std::string json; std::getline(texts, json, '~');)
         EXPECT_NE(errorOf("[" + withUnknown(json) + "]"), "no error") << json;
     const auto nested = [](std::size_t depth) {
         return rewritten(withUnknown(std::string(depth, '[').append(depth, ']')));

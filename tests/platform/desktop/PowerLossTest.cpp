@@ -233,7 +233,7 @@ TEST(PowerLoss, IsNoticedForEachSyncThatIsLeftOut) {
 
 } // namespace korvan
 
-// What the C library would do, and what the test wants to know. Nothing waits for a real disk.
+// What the C library would do but for waiting for a disk, and what the test wants to know.
 extern "C" {
 
 int fsync(int descriptor) {
