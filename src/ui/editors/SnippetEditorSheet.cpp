@@ -4,6 +4,7 @@
 #include "platform/desktop/QtText.h"
 #include "ui/style/Controls.h"
 #include "ui/style/Drawing.h"
+#include "ui/style/Lines.h"
 
 #include <QLineEdit>
 #include <QPainter>
@@ -45,22 +46,23 @@ protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(line());
+        // As thick as the line around every other field.
+        const double width = lineWidth(painter, m_content->hasFocus() ? 2 : 1);
+        painter.setPen(QPen(lineColor(), width));
         painter.setBrush(palette().base());
-        const double inset = painter.pen().widthF() / 2;
-        painter.drawPath(smoothRectangle(QRectF(rect()).adjusted(inset, inset, -inset, -inset),
-                                         kFrameRadius - inset));
+        const double inset = width / 2;
+        painter.drawPath(
+            smoothRectangle(onPixels(painter, rect()).adjusted(inset, inset, -inset, -inset),
+                            kFrameRadius - inset));
     }
 
 private:
-    [[nodiscard]] QPen line() const {
-        const int width = m_content->hasFocus() ? 2 : 1;
-        if (isInvalid(m_content)) return {colorFor(SemanticColor::red, palette()), qreal(width)};
-        if (m_content->hasFocus())
-            return {palette().color(QPalette::Active, QPalette::Highlight), qreal(width)};
+    [[nodiscard]] QColor lineColor() const {
+        if (isInvalid(m_content)) return colorFor(SemanticColor::red, palette());
+        if (m_content->hasFocus()) return colorFor(SemanticColor::focus, palette());
         QColor color = colorFor(SemanticColor::secondary, palette());
         color.setAlphaF(kFrameOpacity);
-        return {color, qreal(width)};
+        return color;
     }
 
     QWidget* m_content;

@@ -276,8 +276,10 @@ void ContentView::importBackup() {
 
 void ContentView::confirmImport() {
     // Moved out, not copied: the document may be large.
-    if (std::optional<KorvanBackup> backup = pendingImportBackup.exchange(std::nullopt))
+    if (std::optional<KorvanBackup> backup = pendingImportBackup.exchange(std::nullopt)) {
+        const Action action(*this);
         replaceAll(store, snippetStore, categoryStore, std::move(*backup));
+    }
     showImportConfirm = false;
 }
 

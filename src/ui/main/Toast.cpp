@@ -8,6 +8,7 @@
 #include "ui/style/Lines.h"
 #include "ui/style/Notice.h"
 #include "ui/style/Symbols.h"
+#include "ui/style/UserText.h"
 
 #include <QEvent>
 #include <QGraphicsOpacityEffect>
@@ -27,16 +28,6 @@ constexpr int kTopPadding = 10;
 constexpr int kMargin = 12; // keeps the note off the window's edges
 constexpr int kCornerRadius = 12;
 constexpr float kBackgroundOpacity = 0.94F;
-
-// A title may have line breaks, which would tear the note; a screen reader pauses at a blank, too.
-QString onOneLine(QString text) {
-    for (QChar& character : text) {
-        if (character.category() == QChar::Other_Control ||
-            (character.isSpace() && character != QChar::Nbsp))
-            character = u' ';
-    }
-    return text;
-}
 
 } // namespace
 

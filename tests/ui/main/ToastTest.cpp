@@ -36,7 +36,7 @@ TEST(Toast, IsSeenOnOneLineAndGoes) {
     state.copyToClipboard("ls", "Ping\r\nHost\v\u0085?");
     toast.refresh();
     EXPECT_EQ(toast.height(), height);
-    EXPECT_EQ(toast.accessibleName(), "In Zwischenablage: Ping  Host  ?");
+    EXPECT_EQ(toast.accessibleName(), "In Zwischenablage: Ping Host  ?");
     state.showCopiedToast = false;
     toast.refresh();
     EXPECT_TRUE(QTest::qWaitFor([&] { return picture() == before; }));
