@@ -54,17 +54,17 @@ class Disk final {
 public:
     explicit Disk(int leftOut = -1) : m_leftOut(leftOut) {
         m_names[inodeOf(path())] = {};
-        s_current = this;
+        m_current = this;
     }
     Disk(const Disk&) = delete;
     Disk& operator=(const Disk&) = delete;
     ~Disk() {
-        s_current = nullptr;
+        m_current = nullptr;
         for (const auto& [inode, file] : m_files)
             ::close(file.descriptor);
     }
 
-    static Disk* current() { return s_current; }
+    static Disk* current() { return m_current; }
     [[nodiscard]] const fs::path& path() const { return m_folder.path(); }
 
     // Runs `change`. A cut of power meanwhile leaves the earlier state or the new one, and one
@@ -178,7 +178,7 @@ private:
         m_cuts.clear();
     }
 
-    static inline Disk* s_current = nullptr;
+    static inline Disk* m_current = nullptr;
 
     TemporaryFolder m_folder;
     int m_leftOut;
