@@ -131,7 +131,7 @@ void ProfileEditorSheet::addIdentityFileRow() {
     });
     auto* row = new QHBoxLayout;
     row->setSpacing(kIdentityFileSpacing);
-    row->addWidget(m_identityFile);
+    row->addWidget(m_identityFile, 1);
     row->addWidget(choose);
     row->addWidget(m_clearIdentityFile);
     addRow(label, m_identityFile, row);
