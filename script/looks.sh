@@ -142,7 +142,7 @@ take_states_of_main_window() {
     go_to new && take_focus push-button Neu
     go_to delete && take_focus destructive-button Löschen
     go_to new_category && take_focus symbol-button "Kategorie hinzufügen"
-    go_to profiles && take_focus table-row "Webserver Köln" Down
+    go_to profiles && take_focus table-row "Webserver Köln" Home
     take_focus category-row "Produktion" shift+Tab Home Down Down
     go_to commands && take_focus command-row "Ping Host" Home
     go_to copy_command && take_focus copy-button "Copy: Ping Host"
@@ -155,6 +155,9 @@ take_states_of_editors() {
     take_control default-button Speichern
     take_control cancel-button Abbrechen
     take_control link-button Anzeigen
+    keys Escape # the pointer has taken the focus along
+    await_main_window
+    press edit "SSH Profil bearbeiten"
     take state-text-field-focused
     keys Tab Tab Tab Tab
     take state-combo-box-focused

@@ -61,7 +61,7 @@ private:
         if (isInvalid(m_content)) return colorFor(SemanticColor::red, palette());
         if (m_content->hasFocus()) return colorFor(SemanticColor::focus, palette());
         QColor color = colorFor(SemanticColor::secondary, palette());
-        color.setAlphaF(kFrameOpacity);
+        if (!isHighContrast(palette())) color.setAlphaF(kFrameOpacity);
         return color;
     }
 

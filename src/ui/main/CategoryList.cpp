@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/CategoryList.h"
 
-#include "ui/main/KeyboardFocus.h"
-
 #include <QMouseEvent>
 #include <QStyleOptionFrame>
 
@@ -23,13 +21,11 @@ void CategoryList::initStyleOption(QStyleOptionFrame* option) const {
 }
 
 void CategoryList::keyPressEvent(QKeyEvent* event) {
-    noteKeyboard(*this);
     QListView::keyPressEvent(event);
     viewport()->update();
 }
 
 void CategoryList::mousePressEvent(QMouseEvent* event) {
-    noteMouse(*this);
     const QModelIndex row = indexAt(event->position().toPoint());
     const bool isChosen =
         event->button() == Qt::LeftButton && row.flags().testFlag(Qt::ItemIsEnabled);

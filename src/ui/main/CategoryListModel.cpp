@@ -27,8 +27,10 @@ namespace {
 constexpr int kRowPadding = 4;
 constexpr int kRowInset = 10;   // to the left and right of the content
 constexpr int kHeadingGap = 12; // above the section's heading
-constexpr int kSymbolSize = 14;
 constexpr float kHighlightOpacity = 0.15F;
+
+// The side of the mark, a little smaller than the symbols of buttons.
+int markSize() { return symbolSize() * 7 / 8; }
 
 } // namespace
 
@@ -119,7 +121,7 @@ QFont fontOf(bool isHeading) {
 QRect FilterRowDelegate::titleRect(const QStyleOptionViewItem& option,
                                    const QModelIndex& index) const {
     const bool isHeading = !m_model.filterAt(index.row());
-    const int mark = m_model.isMarked(index.row()) ? kSymbolSize + kRowInset : 0;
+    const int mark = m_model.isMarked(index.row()) ? markSize() + kRowInset : 0;
     return option.rect.adjusted(kRowInset, isHeading ? kHeadingGap : 0, -kRowInset - mark, 0);
 }
 
@@ -139,10 +141,10 @@ void FilterRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
         QColor highlight = colorFor(SemanticColor::accent, option.palette);
         highlight.setAlphaF(kHighlightOpacity);
         painter->fillRect(option.rect, highlight);
-        const QRect beside(title.right() + 1 + kRowInset, title.top(), kSymbolSize, title.height());
+        const QRect beside(title.right() + 1 + kRowInset, title.top(), markSize(), title.height());
         symbol(u"checkmark"_s, SemanticColor::secondary)
             .paint(painter, QStyle::alignedRect(option.direction, Qt::AlignCenter,
-                                                {kSymbolSize, kSymbolSize}, beside));
+                                                {markSize(), markSize()}, beside));
     }
     if (!isHeading && list && list->pressedRow() == index)
         drawRowWash(*painter, option.rect, option.palette, Wash::pressed);

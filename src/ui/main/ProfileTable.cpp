@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/ProfileTable.h"
 
-#include "ui/main/KeyboardFocus.h"
 #include "ui/main/ProfileCell.h"
 #include "ui/style/Drawing.h"
 #include "ui/style/TextStyles.h"
@@ -205,8 +204,6 @@ const SSHProfile* ProfileTable::profileWithTextAt(QPoint position) const {
 }
 
 void ProfileTable::mousePressEvent(QMouseEvent* event) {
-    if (showsKeyboardFocus(*this)) viewport()->update();
-    noteMouse(*this);
     QTableView::mousePressEvent(event);
     const bool isPlainClick =
         event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier;
@@ -240,8 +237,6 @@ QModelIndex ProfileTable::moveCursor(CursorAction action, Qt::KeyboardModifiers 
 }
 
 void ProfileTable::keyPressEvent(QKeyEvent* event) {
-    if (!showsKeyboardFocus(*this)) viewport()->update();
-    noteKeyboard(*this);
     const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
     const int row = isPlain && !selectionModel()->hasSelection() ? firstRowFor(event->key()) : -1;
     if (row < 0) return QTableView::keyPressEvent(event);

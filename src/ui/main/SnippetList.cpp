@@ -2,7 +2,6 @@
 #include "ui/main/SnippetList.h"
 
 #include "actions/CommandExpansion.h"
-#include "ui/main/KeyboardFocus.h"
 #include "ui/main/SnippetListAccess.h"
 #include "ui/main/SnippetRow.h"
 
@@ -157,7 +156,6 @@ SnippetRow* SnippetList::takeSpareRow() {
         if (shown != m_rows.end()) {
             m_current = shown->first;
         }
-        noteMouse(*this);
         m_showsCurrent = false;
         markCurrentRow();
     });
@@ -208,7 +206,6 @@ void SnippetList::moveTo(std::ptrdiff_t row) {
 }
 
 void SnippetList::keyPressEvent(QKeyEvent* event) {
-    noteKeyboard(*this);
     m_showsCurrent = true;
     const auto current = static_cast<std::ptrdiff_t>(m_current);
     switch (event->key()) {
