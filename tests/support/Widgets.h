@@ -4,8 +4,9 @@
 #include "platform/desktop/QtText.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QTest>
-#include <QWidget>
+#include <gtest/gtest.h>
 #include <string_view>
 
 // Finding widgets as a user does: by what they are called.

@@ -23,8 +23,6 @@ Answer commit(auto& editor) {
     return {editor.validationError.value_or(""), editor.invalidField};
 }
 
-const Answer kSaved;
-
 } // namespace
 
 TEST(ProfileEditorView, NamesTheFirstThingThatIsWrongUntilTheNextTry) {
@@ -52,7 +50,7 @@ TEST(ProfileEditorView, NamesTheFirstThingThatIsWrongUntilTheNextTry) {
     }
     EXPECT_TRUE(saved.empty());
     profile.port = 65535;
-    EXPECT_EQ(commit(editor), kSaved);
+    EXPECT_EQ(commit(editor), Answer());
     EXPECT_EQ(saved, std::vector{profile});
 }
 
@@ -77,7 +75,7 @@ TEST(CategoryEditorView, WantsANameAndHandsItBackAsTyped) {
     EXPECT_EQ(commit(editor), Answer("Bitte einen Namen angeben.", EditorField::name));
     editor.category.name = " Zuhause ";
     EXPECT_EQ(editor.editorTitle(), "Kategorie bearbeiten");
-    EXPECT_EQ(commit(editor), kSaved);
+    EXPECT_EQ(commit(editor), Answer());
     editor.commit(); // a second Return before the sheet has gone
     EXPECT_EQ(saved, (std::vector{SSHCategory{exampleId(5), " Zuhause "}}));
 }
@@ -92,7 +90,7 @@ TEST(SnippetEditorView, WantsATitleThenATemplateAndNoHint) {
     editor.snippet.commandTemplate = "\n \n";
     EXPECT_EQ(commit(editor), Answer("Bitte einen Befehl angeben.", EditorField::commandTemplate));
     editor.snippet.commandTemplate = "\nuptime\ndf\n";
-    EXPECT_EQ(commit(editor), kSaved);
+    EXPECT_EQ(commit(editor), Answer());
     EXPECT_EQ(saved.at(0).commandTemplate, "\nuptime\ndf\n");
 }
 

@@ -5,15 +5,10 @@
 
 #include <QScrollBar>
 #include <QTextEdit>
-#include <gtest/gtest.h>
 
 namespace korvan {
 
-namespace {
-
 using Role = AlertSheet::Role;
-
-} // namespace
 
 TEST(AlertSheet, DestroysWhenAskedToAndNeverOnReturn) {
     const std::tuple<const char*, Qt::Key, int> cases[] = {

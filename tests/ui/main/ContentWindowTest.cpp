@@ -1,24 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/ContentWindow.h"
 
-#include "app/AboutView.h"
-#include "app/ProgramBundle.h"
-#include "support/Examples.h"
-#include "support/MemoryKeyValueStore.h"
-#include "support/RecordingDesktop.h"
-#include "support/Widgets.h"
+#include "support/WindowTest.h"
 #include "ui/main/ContentSplitter.h"
-#include "ui/main/ProfileTable.h"
-#include "ui/main/SnippetRow.h"
+#include "ui/main/Toast.h"
+#include "ui/style/Colors.h"
 
 #include <QAccessible>
 #include <QLineEdit>
-#include <QListView>
 #include <QMenu>
 #include <QPushButton>
 #include <QScreen>
-#include <QScrollBar>
-#include <gtest/gtest.h>
 
 namespace korvan {
 
@@ -26,25 +18,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class ContentWindowTest : public testing::Test {
+class ContentWindowTest : public WindowTest {
 protected:
-    ContentWindowTest() {
-        state.categoryStore.replaceAll({exampleCategory()});
-        state.store.replaceAll({exampleProfile(11), exampleProfile(12),
-                                with(exampleProfile(13), &SSHProfile::categoryId, {})});
-        activate(window);
+    // What is shown above all others, null when nothing is.
+    static QWidget* dialog() {
         settle();
+        return QApplication::activeModalWidget();
     }
-
-    static void settle() { QCoreApplication::processEvents(); }
-
     // The middle of the first column, or `distance` beside it: there is text on the left only.
     QPoint nameOf(int row, int distance = -60) const {
-        const QModelIndex cell = table().model()->index(row, 0);
-        return table().visualRect(cell).center() + QPoint(distance, 0);
+        return middleOf(table, row) + QPoint(distance, 0);
     }
-    ProfileTable& table() const { return *window.findChild<ProfileTable*>(); }
-    QListView& sidebar() const { return *named<QListView>(window, "Kategorien"); }
     std::vector<Uuid> selected() const { return state.selection->ids(); }
     ContentSplitter& splitter() const { return *window.findChild<ContentSplitter*>(); }
     ColumnWidths columns() const {
@@ -56,10 +40,9 @@ protected:
         settle();
     }
     void clickAt(QPoint position, Qt::KeyboardModifiers keys = Qt::NoModifier) {
-        QTest::mouseClick(table().viewport(), Qt::LeftButton, keys, position);
+        QTest::mouseClick(table.viewport(), Qt::LeftButton, keys, position);
         settle();
     }
-
     void drag(int divider, int distance) {
         auto* handle = splitter().handle(divider);
         QTest::mousePress(handle, Qt::LeftButton);
@@ -67,13 +50,6 @@ protected:
         QTest::mouseRelease(handle, Qt::LeftButton);
         settle();
     }
-
-    RecordingDesktop desktop;
-    MemoryKeyValueStore values;
-    ContentView state{values, desktop.desktop()};
-    ContentWindow window{state, desktop.filePanels, [](QWidget* parent) -> QDialog* {
-                             return new AboutView(programBundle(), parent);
-                         }};
 };
 
 // Every control that a screen reader stops at says what it is.
@@ -93,27 +69,85 @@ void expectNames(QAccessibleInterface& item, const std::string& path) {
 
 } // namespace
 
-TEST_F(ContentWindowTest, NamesEveryControlInTheWindowAndItsSheets) {
+TEST_F(ContentWindowTest, NamesEveryControlAndShowsEachDialogWhileItsFieldIsTrue) {
     expectNames(*QAccessible::queryAccessibleInterface(&window), "window");
     QTest::keyClick(&window, Qt::Key_D, Qt::AltModifier);
     ASSERT_NE(QApplication::activePopupWidget(), nullptr) << "the menu";
     QApplication::activePopupWidget()->close();
-    for (auto isShown : {&ContentView::showEditor, &ContentView::showCategoryEditor,
-                         &ContentView::showSnippetEditor, &ContentView::showError,
-                         &ContentView::showDeleteConfirm, &ContentView::showAbout}) {
+    for (auto isShown :
+         {&ContentView::showEditor, &ContentView::showCategoryEditor,
+          &ContentView::showSnippetEditor, &ContentView::showAbout, &ContentView::showError,
+          &ContentView::showDeleteConfirm, &ContentView::showCategoryDeleteConfirm,
+          &ContentView::showSnippetDeleteConfirm, &ContentView::showImportConfirm}) {
         state.*isShown = true;
-        settle();
-        const auto* sheet = QApplication::activeModalWidget();
-        ASSERT_NE(sheet, nullptr);
-        expectNames(*QAccessible::queryAccessibleInterface(const_cast<QWidget*>(sheet)), "sheet");
+        ASSERT_NE(dialog(), nullptr);
+        EXPECT_EQ(dialog()->windowModality(), Qt::WindowModal);
+        expectNames(*QAccessible::queryAccessibleInterface(dialog()), "sheet");
         EXPECT_TRUE(
-            std::ranges::any_of(sheet->findChildren<QPushButton*>(), &QPushButton::isDefault));
-        EXPECT_TRUE(isShown != &ContentView::showAbout || sheet->size() == QSize(640, 520));
+            std::ranges::any_of(dialog()->findChildren<QPushButton*>(), &QPushButton::isDefault));
         state.*isShown = false;
-        settle();
+        EXPECT_EQ(dialog(), nullptr);
+        state.*isShown = true;
+        QTest::keyClick(dialog(), Qt::Key_Escape);
+        EXPECT_FALSE(*(state.*isShown));
+        EXPECT_EQ(dialog(), nullptr);
     }
     state.openAbout();
-    EXPECT_TRUE(state.showAbout);
+    EXPECT_EQ(dialog()->size(), QSize(640, 520));
+    QTest::keyClick(dialog(), Qt::Key_Return);
+    EXPECT_FALSE(state.showAbout);
+}
+
+TEST_F(ContentWindowTest, RunsTheActionThatTheUserChoseInASheet) {
+    state.requestDeleteCategory(exampleCategory());
+    EXPECT_EQ(dialog()->accessibleName(), "Kategorie wirklich löschen?");
+    EXPECT_EQ(dialog()->windowTitle(), "Korvan") << "it shows its title itself";
+    dialog()->close();
+    EXPECT_EQ(*state.deleteCategoryCandidate, std::nullopt);
+    EXPECT_EQ(state.categoryStore.categories().size(), 1U);
+
+    state.pendingImportBackup = exampleBackup();
+    state.showImportConfirm = true;
+    click(buttonOf(*dialog(), "Ersetzen (empfohlen)"));
+    EXPECT_EQ(state.store.profiles(), exampleBackup().profiles);
+}
+
+TEST_F(ContentWindowTest, BeginsAFreshEditorForEachSessionAndPutsErrorsAboveIt) {
+    state.selectProfile(exampleProfile(11));
+    state.editProfile();
+    QTest::keyClicks(named<QLineEdit>(*dialog(), "Name"), "x");
+    state.newProfile();
+    QWidget* editor = dialog();
+    EXPECT_EQ(named<QLineEdit>(*editor, "Name")->text(), "");
+    for (const auto* error : {"Eins", "Zwei"}) {
+        state.errorText = error;
+        state.showError = true;
+        EXPECT_EQ(dialog()->accessibleDescription(), error);
+    }
+    QTest::keyClick(dialog(), Qt::Key_Return);
+    EXPECT_FALSE(state.showError);
+    EXPECT_EQ(dialog(), editor);
+}
+
+TEST_F(ContentWindowTest, ShowsAToastOnOneLineThatGoes) {
+    auto& toast = *window.findChild<Toast*>();
+    const auto darkest = [&toast] {
+        const QImage image = toast.parentWidget()->grab(toast.geometry()).toImage();
+        double most = 0;
+        for (int x = 0; x < image.width(); ++x)
+            most = std::max(most, contrast(image.pixelColor(x, image.height() / 2), Qt::white));
+        return most;
+    };
+    state.copyToClipboard("ls", "Ping");
+    settle();
+    const int height = toast.height();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return darkest() > 10; })) << "once it has faded in";
+    state.copyToClipboard("ls", "Ping\r\nHost\v\u0085?");
+    settle();
+    EXPECT_EQ(toast.height(), height);
+    EXPECT_EQ(toast.accessibleName(), "In Zwischenablage: Ping Host  ?");
+    state.showCopiedToast = false;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !toast.isVisible() && darkest() < 2; }));
 }
 
 TEST_F(ContentWindowTest, SelectsAndConnectsByTheTextOfARow) {
@@ -121,9 +155,9 @@ TEST_F(ContentWindowTest, SelectsAndConnectsByTheTextOfARow) {
     EXPECT_EQ(selected(), std::vector{exampleId(12)});
     clickAt(nameOf(0), Qt::ControlModifier);
     EXPECT_EQ(selected(), (std::vector{exampleId(12), exampleId(11)}));
-    QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, nameOf(2, 60));
+    QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, nameOf(2, 60));
     EXPECT_TRUE(desktop.workspace.paths.empty());
-    QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, nameOf(2));
+    QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, nameOf(2));
     EXPECT_EQ(selected(), std::vector{exampleId(13)});
     EXPECT_EQ(desktop.workspace.paths.size(), 1U);
 }
@@ -142,40 +176,31 @@ TEST_F(ContentWindowTest, LeavesTheSelectionToTheUserWhateverTheListDoes) {
 }
 
 TEST_F(ContentWindowTest, StaysWhereItWasWhenALongListIsReloaded) {
-    std::vector<SSHProfile> profiles;
-    for (int i = 0; i < 500; ++i)
-        profiles.push_back(exampleProfile(i));
-    state.store.replaceAll(profiles);
+    state.store.replaceAll(std::vector(500, exampleProfile()));
     settle();
-    table().verticalScrollBar()->setValue(4000);
-    table().setColumnWidth(0, 333);
+    table.verticalScrollBar()->setValue(4000);
+    table.setColumnWidth(0, 333);
     state.store.add(exampleProfile(600));
     settle();
-    EXPECT_EQ(table().verticalScrollBar()->value(), 4000);
-    EXPECT_EQ(table().columnWidth(0), 333);
+    EXPECT_EQ(table.verticalScrollBar()->value(), 4000);
+    EXPECT_EQ(table.columnWidth(0), 333);
 }
 
-TEST_F(ContentWindowTest, FiltersByClickAndByKey) {
-    const auto rowOf = [&](int row) {
-        return sidebar().visualRect(sidebar().model()->index(row, 0));
-    };
-    QTest::mouseClick(sidebar().viewport(), Qt::LeftButton, {}, rowOf(3).center());
+TEST_F(ContentWindowTest, FiltersByClickAndByKeyAndOpensAMenuByKey) {
+    QTest::mouseClick(sidebar.viewport(), Qt::LeftButton, {}, middleOf(sidebar, 3));
     settle();
-    EXPECT_EQ(table().model()->rowCount(), 2);
+    EXPECT_EQ(table.model()->rowCount(), 2);
     EXPECT_TRUE(buttonOf(window, "Kategorie löschen")->isEnabled());
-    sidebar().setFocus();
-    QTest::keyClick(&sidebar(), Qt::Key_Up); // past the heading
-    QTest::keyClick(&sidebar(), Qt::Key_Return);
+    sidebar.setFocus();
+    QTest::keyClick(&sidebar, Qt::Key_Up); // past the heading
+    QTest::keyClick(&sidebar, Qt::Key_Return);
     settle();
     EXPECT_EQ(*state.categoryFilter, CategoryFilter::uncategorized());
-    EXPECT_EQ(table().model()->rowCount(), 1);
+    EXPECT_EQ(table.model()->rowCount(), 1);
     EXPECT_FALSE(buttonOf(window, "Kategorie löschen")->isEnabled());
-}
-
-TEST_F(ContentWindowTest, OpensTheMenuOfACategoryByKey) {
-    sidebar().setCurrentIndex(sidebar().model()->index(3, 0));
+    sidebar.setCurrentIndex(sidebar.model()->index(3, 0));
     QContextMenuEvent byKey(QContextMenuEvent::Keyboard, {}, {});
-    QCoreApplication::sendEvent(&sidebar(), &byKey);
+    QCoreApplication::sendEvent(&sidebar, &byKey);
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     ASSERT_NE(menu, nullptr);
     ASSERT_EQ(menu->actions().size(), 2);
@@ -186,9 +211,8 @@ TEST_F(ContentWindowTest, OpensTheMenuOfACategoryByKey) {
 }
 
 TEST_F(ContentWindowTest, SearchesAndCopiesWithFewRowsForManyCommands) {
-    std::vector<CommandSnippet> snippets;
-    for (int i = 0; i < 10'000; ++i)
-        snippets.push_back(with(exampleSnippet(i), &CommandSnippet::title, std::to_string(i)));
+    std::vector snippets(10'000, exampleSnippet());
+    snippets[9876].title = "9876";
     state.snippetStore.replaceAll(snippets);
     clickAt(nameOf(0));
     EXPECT_LT(window.findChildren<SnippetRow*>().size(), 30);
