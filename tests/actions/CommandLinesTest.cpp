@@ -21,11 +21,6 @@ SSHProfile profile(std::string user, std::string host, std::int64_t port,
             .categoryId = {}};
 }
 
-std::string expanded(std::string commandTemplate, const SSHProfile& profile) {
-    return with(exampleSnippet(), &CommandSnippet::commandTemplate, std::move(commandTemplate))
-        .expandedCommand(&profile);
-}
-
 } // namespace
 
 TEST(SSHCommand, IsBuiltFromTheProfile) {
@@ -65,30 +60,26 @@ TEST(SSHCommand, ReachesSshAsItWasMeantThroughARealShell) {
     }
 }
 
-TEST(ExpandedCommand, FillsThePlaceholdersFromTheProfile) {
+TEST(ExpandedCommand, FillsThePlaceholdersInTheirOrderInInsertedValuesToo) {
     const SSHProfile admin = profile("admin", "192.168.1.10", 2222);
-    const std::pair<std::string, std::string> cases[] = {
-        {"ping -c 4 {HOST}", "ping -c 4 192.168.1.10"},
-        {"ssh -p {PORT} {TARGET}", "ssh -p 2222 admin@192.168.1.10"},
-        {"scp -P {PORT} ./datei.txt {TARGET}:/tmp/",
-         "scp -P 2222 ./datei.txt admin@192.168.1.10:/tmp/"},
-        {"ssh-keygen -R {HOST}", "ssh-keygen -R 192.168.1.10"},
-        {"{USER}{USER}{{USER}}", "adminadmin{admin}"},
-        {"awk '{print $1}' <= {host} {Port} { HOST } ${HOME}",
+    const std::tuple<SSHProfile, std::string, std::string> cases[] = {
+        {admin, "ping -c 4 {HOST}", "ping -c 4 192.168.1.10"},
+        {admin, "ssh -p {PORT} {TARGET}", "ssh -p 2222 admin@192.168.1.10"},
+        {admin, "{USER}{USER}{{USER}}", "adminadmin{admin}"},
+        {admin, "awk '{print $1}' <= {host} {Port} { HOST } ${HOME}",
          "awk '{print $1}' <= {host} {Port} { HOST } ${HOME}"},
-        {"", ""},
+        {admin, "", ""},
+        {profile("u", "{USER}.net", 1), "{HOST}", "u.net"},
+        {profile("u", "{HOST}", 1), "{HOST}", "{HOST}"},
+        {profile("{HOST}{PORT}", "h", 5), "{USER}", "{HOST}5"},
+        {profile("u", "{TARGET}", 1), "{HOST}", "u@{TARGET}"},
+        {profile(" {PORT}", "{USER} ", 1), "{TARGET}", " {PORT}@{USER} "},
+        {profile("u", "RT", 5), "{PO{HOST}}", "5"},
     };
-    for (const auto& [commandTemplate, command] : cases)
-        EXPECT_EQ(expanded(commandTemplate, admin), command);
-}
-
-TEST(ExpandedCommand, SearchesInsertedValuesForThePlaceholdersThatFollow) {
-    EXPECT_EQ(expanded("{HOST}", profile("u", "{USER}.net", 1)), "u.net");
-    EXPECT_EQ(expanded("{HOST}", profile("u", "{HOST}", 1)), "{HOST}");
-    EXPECT_EQ(expanded("{USER}", profile("{HOST}{PORT}", "h", 5)), "{HOST}5");
-    EXPECT_EQ(expanded("{HOST}", profile("u", "{TARGET}", 1)), "u@{TARGET}");
-    EXPECT_EQ(expanded("{TARGET}", profile(" {PORT}", "{USER} ", 1)), " {PORT}@{USER} ");
-    EXPECT_EQ(expanded("{PO{HOST}}", profile("u", "RT", 5)), "5");
+    for (const auto& [profile, text, command] : cases)
+        EXPECT_EQ(with(exampleSnippet(), &CommandSnippet::commandTemplate, text)
+                      .expandedCommand(&profile),
+                  command);
 }
 
 } // namespace korvan

@@ -31,20 +31,18 @@ struct Launch {
 
 TEST(TerminalScript, ShowsTheCommandEscapedAndRunsItUnchanged) {
     EXPECT_EQ(terminalScript(R"(ssh -i "/k/Jürgens \$k" `u`@h -o "x\\y")"),
-              "#!/bin/zsh\n"
-              "set -e\n"
-              "cd ~\n"
-              "clear\n"
-              "echo \"\xE2\x96\xB6\xEF\xB8\x8E "
-              R"(ssh -i \"/k/Jürgens \\$k\" `u`@h -o \"x\\\\y\"")"
-              "\n"
-              "echo \"\"\n"
-              R"(ssh -i "/k/Jürgens \$k" `u`@h -o "x\\y")"
-              "\n"
-              "echo \"\"\n"
-              "echo \"\xE2\x8F\x8E Enter zum Schlie\xC3\x9F"
-              "en\xE2\x80\xA6\"\n"
-              "read");
+              R"(#!/bin/zsh
+set -e
+cd ~
+clear
+echo "▶)"
+              "\uFE0E"
+              R"( ssh -i \"/k/Jürgens \\$k\" `u`@h -o \"x\\\\y\""
+echo ""
+ssh -i "/k/Jürgens \$k" `u`@h -o "x\\y"
+echo ""
+echo "⏎ Enter zum Schließen…"
+read)");
     EXPECT_EQ(terminalScript("a\xff"), terminalScript("a\uFFFD"));
 }
 

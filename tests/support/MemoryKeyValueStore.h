@@ -13,7 +13,7 @@
 
 namespace korvan {
 
-// Values in memory. Fails on demand, and keeps its promises when it does.
+// Values in memory. Fails on demand.
 class MemoryKeyValueStore final : public KeyValueStore {
 public:
     std::map<std::string, std::string, std::less<>> values;
@@ -34,9 +34,7 @@ public:
 
     Result<> setValues(std::vector<Value> newValues) override {
         calls += "w" + std::to_string(newValues.size());
-        for (const Value& value : newValues)
-            if (writingFails || m_unreadKeys.contains(value.key))
-                return failure("Memory", 2, "kein Platz");
+        if (writingFails) return failure("Memory", 2, "kein Platz");
         for (Value& value : newValues) {
             const std::string key(value.key);
             if (m_damagedKeys.erase(key) > 0) preserved.push_back(values[key]);
@@ -51,11 +49,7 @@ public:
 
 private:
     Result<Data> read(std::string_view key) {
-        if (readingFails) {
-            m_unreadKeys.emplace(key);
-            return failure("Memory", 1, "gesperrt");
-        }
-        m_unreadKeys.erase(std::string(key));
+        if (readingFails) return failure("Memory", 1, "gesperrt");
         m_damagedKeys.erase(std::string(key));
         const auto found = values.find(key);
         if (found == values.end()) return std::nullopt;
@@ -65,7 +59,7 @@ private:
         return copy;
     }
 
-    std::set<std::string, std::less<>> m_unreadKeys, m_damagedKeys;
+    std::set<std::string, std::less<>> m_damagedKeys;
 };
 
 } // namespace korvan

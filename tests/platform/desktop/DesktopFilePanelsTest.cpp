@@ -3,6 +3,7 @@
 
 #include "app/ReplaceQuestion.h"
 #include "platform/desktop/FilePortal.h"
+#include "support/SessionBus.h"
 #include "support/TemporaryFolder.h"
 #include "support/Widgets.h"
 #include "ui/main/AlertSheet.h"
@@ -11,7 +12,6 @@
 #include <QDBusMessage>
 #include <QFileDialog>
 #include <QLineEdit>
-#include <QProcess>
 #include <QSplitter>
 #include <QTimer>
 #include <QUrl>
@@ -63,9 +63,9 @@ public:
         };
     }
     // Notes where the panel stands.
-    static Doing looks(QString& folder) {
-        return [&folder](QDialog& dialog) {
-            folder = dynamic_cast<QFileDialog&>(dialog).directory().path();
+    static Doing looks(std::vector<std::string>& folders) {
+        return [&folders](QDialog& dialog) {
+            folders.push_back(dynamic_cast<QFileDialog&>(dialog).directory().path().toStdString());
             dialog.reject();
         };
     }
@@ -77,38 +77,21 @@ private:
     QTimer m_timer;
 };
 
-// A bus with a portal on it, which shows file panels of its own.
-class PortalBus final {
-public:
-    PortalBus() {
-        m_daemon.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});
-        m_daemon.waitForReadyRead();
-        m_address = QString::fromUtf8(m_daemon.readLine()).trimmed();
-    }
-    ~PortalBus() { m_daemon.terminate(), m_daemon.waitForFinished(); }
-
-    [[nodiscard]] QDBusConnection korvan() const {
-        return QDBusConnection::connectToBus(m_address, u"korvan"_s);
-    }
-
-    // The portal's user agrees on the file, and Korvan has heard of it when this returns.
-    void answer(const std::filesystem::path& file) const {
-        auto portal = QDBusConnection::connectToBus(m_address, u"portal"_s);
-        auto response = QDBusMessage::createTargetedSignal(
-            korvan().baseService(), u"/org/freedesktop/portal/desktop/request/1_2/t"_s,
-            u"org.freedesktop.portal.Request"_s, u"Response"_s);
-        const auto uri = QUrl::fromLocalFile(toQString(file.native())).toString(QUrl::FullyEncoded);
-        portal.send(response << 0U << QVariantMap{{u"uris"_s, QStringList{uri}}});
-        // In this order, the answers to both come after it.
-        for (const auto& bus : {portal, korvan()})
-            bus.call(QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/"_s,
-                                                    u"org.freedesktop.DBus"_s, u"GetId"_s));
-    }
-
-private:
-    QProcess m_daemon;
-    QString m_address;
-};
+// The user of a portal, which shows file panels of its own, agrees on the file, and Korvan has
+// heard of it when this returns.
+void answer(const SessionBus& bus, const std::filesystem::path& file) {
+    const auto korvan = bus.connection("korvan");
+    const auto portal = bus.connection("portal");
+    auto response = QDBusMessage::createTargetedSignal(
+        korvan.baseService(), u"/org/freedesktop/portal/desktop/request/1_2/t"_s,
+        u"org.freedesktop.portal.Request"_s, u"Response"_s);
+    const auto uri = QUrl::fromLocalFile(toQString(file.native())).toString(QUrl::FullyEncoded);
+    portal.send(response << 0U << QVariantMap{{u"uris"_s, QStringList{uri}}});
+    // In this order, the answers to both come after it.
+    for (const auto& connection : {portal, korvan})
+        connection.call(QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/"_s,
+                                                       u"org.freedesktop.DBus"_s, u"GetId"_s));
+}
 
 class DesktopFilePanelsTest : public testing::Test {
 protected:
@@ -150,11 +133,12 @@ TEST_F(DesktopFilePanelsTest, AskOnceAboutTheNameThatIsWritten) {
 
 TEST_F(DesktopFilePanelsTest, AskNothingThatAPortalHasAsked) {
     const auto old = home.file("Korvan 1.10.json", "old");
-    const PortalBus bus;
-    DesktopFilePanels portalPanels(mayReplace, DesktopFilePanels::Source::theme, bus.korvan());
+    const SessionBus bus;
+    DesktopFilePanels portalPanels(mayReplace, DesktopFilePanels::Source::theme,
+                                   bus.connection("korvan"));
     const auto choosesInPortal = [&](const std::string& name) {
         return [&bus, name, file = home.path() / name](QDialog& dialog) {
-            bus.answer(file);
+            answer(bus, file);
             User::chooses(name)(dialog);
         };
     };
@@ -170,7 +154,7 @@ TEST_F(DesktopFilePanelsTest, AskNothingThatAPortalHasAsked) {
 }
 
 TEST_F(DesktopFilePanelsTest, AreQtsOwnWhereAChosenPortalIsMissing) {
-    const PortalBus bus;
+    const SessionBus bus;
     for (const auto source :
          {DesktopFilePanels::Source::portal, DesktopFilePanels::Source::theme}) {
         bool isQts = false;
@@ -180,8 +164,9 @@ TEST_F(DesktopFilePanelsTest, AreQtsOwnWhereAChosenPortalIsMissing) {
             EXPECT_FALSE(dialog.isSizeGripEnabled());
             dialog.reject();
         }};
-        EXPECT_EQ(DesktopFilePanels(mayReplace, source, bus.korvan()).runSavePanel(kExport),
-                  std::nullopt);
+        EXPECT_EQ(
+            DesktopFilePanels(mayReplace, source, bus.connection("korvan")).runSavePanel(kExport),
+            std::nullopt);
         EXPECT_EQ(isQts, source == DesktopFilePanels::Source::portal);
     }
 }
@@ -202,41 +187,27 @@ TEST(FilePortalTheme, IsForDesktopsWithoutAThemeForQtAndIsNotInherited) {
     qputenv("XDG_CURRENT_DESKTOP", outer);
 }
 
-TEST_F(DesktopFilePanelsTest, OpenInTheHomeFolderAndThenWhereAFileWasChosen) {
+TEST_F(DesktopFilePanelsTest, OpenWhereSuchAFileWasChosenOrKeysLieOrInTheHomeFolder) {
+    std::vector<std::string> seen;
+    const auto looks = User::looks(seen);
+    const auto choosesBackup = User::chooses("Sicherung/alt.json");
+    const auto choosesKey = User::chooses("id_köln");
+    const User user{looks, choosesBackup, looks, looks, looks, looks, choosesKey, looks};
     std::filesystem::create_directories(inHome("Sicherung"));
     const auto file = home.file("Sicherung/alt.json", "");
-    QString first;
-    QString second;
-    QString third;
-    {
-        const User user{User::looks(first), User::chooses(file), User::looks(second)};
-        (void)panels.runSavePanel(kExport);
-        (void)panels.runOpenPanel(kImport);
-        (void)panels.runSavePanel(kExport);
-    }
+    (void)panels.runSavePanel(kExport);
+    EXPECT_EQ(panels.runOpenPanel(kImport), file);
+    (void)panels.runSavePanel(kExport);
     std::filesystem::remove_all(inHome("Sicherung"));
-    const User user{User::looks(third)};
     (void)panels.runOpenPanel(kImport);
-    EXPECT_EQ(first, toQString(home.path().native()));
-    EXPECT_EQ(second, toQString(inHome("Sicherung")));
-    EXPECT_EQ(third, toQString(home.path().native())); // it is no longer there
-}
-
-TEST_F(DesktopFilePanelsTest, LookForKeysWhereKeysLie) {
-    QString without;
-    QString with;
-    QString backups;
-    const User user{User::looks(without), User::looks(with), User::chooses("id_köln"),
-                    User::looks(backups)};
     (void)panels.runOpenPanel(kKey);
     std::filesystem::create_directories(inHome(".ssh"));
     const auto key = home.file(".ssh/id_köln", "");
     (void)panels.runOpenPanel(kKey);
     EXPECT_EQ(panels.runOpenPanel(kKey), key);
-    (void)panels.runSavePanel(kExport);
-    EXPECT_EQ(without, toQString(home.path().native()));
-    EXPECT_EQ(with, toQString(inHome(".ssh")));
-    EXPECT_EQ(backups, without); // no backup lands among the keys unnoticed
+    (void)panels.runSavePanel(kExport); // no backup lands among the keys unnoticed
+    EXPECT_EQ(seen, (std::vector{home.path().string(), inHome("Sicherung"), home.path().string(),
+                                 home.path().string(), inHome(".ssh"), home.path().string()}));
 }
 
 } // namespace korvan

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/desktop/DesktopSettings.h"
 
+#include "support/SessionBus.h"
+
 #include <QDBusMessage>
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
 #include <QGuiApplication>
-#include <QProcess>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -20,26 +21,18 @@ const QString kFactor = u"AnimationDurationFactor"_s;
 
 QVariant boxed(const QVariant& value) { return QVariant::fromValue(QDBusVariant(value)); }
 
-// A settings portal, on a bus of its own. Its desktop is dark and keeps still.
+// A settings portal. Its desktop is dark and keeps still.
 class Portal final : public QDBusVirtualObject {
 public:
-    Portal() {
-        m_daemon.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});
-        m_daemon.waitForReadyRead();
-        m_address = QString::fromUtf8(m_daemon.readLine()).trimmed();
-        connection(u"portal"_s).registerVirtualObject(kPath, this);
-        connection(u"portal"_s).registerService(u"org.freedesktop.portal.Desktop"_s);
-    }
-    ~Portal() override { m_daemon.terminate(), m_daemon.waitForFinished(); }
-
-    [[nodiscard]] QDBusConnection connection(const QString& name) const {
-        return QDBusConnection::connectToBus(m_address, name);
+    explicit Portal(const QDBusConnection& connection) : m_connection(connection) {
+        m_connection.registerVirtualObject(kPath, this);
+        m_connection.registerService(u"org.freedesktop.portal.Desktop"_s);
     }
 
     void change(const QString& group, const QString& key, const QVariant& value) const {
         const auto interface = u"org.freedesktop.portal.Settings"_s;
         auto signal = QDBusMessage::createSignal(kPath, interface, u"SettingChanged"_s);
-        connection(u"portal"_s).send(signal << group << key << boxed(value));
+        m_connection.send(signal << group << key << boxed(value));
     }
 
     [[nodiscard]] QString introspect(const QString&) const override { return {}; }
@@ -50,8 +43,7 @@ public:
     }
 
 private:
-    QProcess m_daemon;
-    QString m_address;
+    QDBusConnection m_connection;
 };
 
 } // namespace
@@ -61,8 +53,9 @@ TEST(DesktopSettings, FollowWhatTheUserChooses) {
     int count = 0;
     const QGuiApplication application(count, nullptr);
     qputenv("XDG_CURRENT_DESKTOP", "ubuntu:GNOME");
-    const Portal portal;
-    const DesktopSettings settings(portal.connection(u"korvan"_s));
+    const SessionBus bus;
+    const Portal portal(bus.connection("portal"));
+    const DesktopSettings settings(bus.connection("korvan"));
     const auto becomes = [&](DesktopSettings::ColorScheme scheme, bool isStill) {
         return QTest::qWaitFor([&] {
             return settings.colorScheme() == scheme && settings.reducesMotion() == isStill;

@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 #include <map>
 #include <pty.h>
+#include <sstream>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -36,11 +37,7 @@ public:
     }
 
     void terminal(const std::string& name, const std::string& lines) const {
-        program("bin/" + name, lines);
-    }
-
-    void program(const std::string& name, const std::string& lines) const {
-        fs::permissions(folder.file(name, "#!/bin/sh\n" + lines + "\n"), fs::perms(0755));
+        fs::permissions(folder.file("bin/" + name, "#!/bin/sh\n" + lines + "\n"), fs::perms(0755));
     }
 
     bool open() {
@@ -85,37 +82,25 @@ protected:
 TEST_F(Workspaces, HandEachTerminalTwoPlainWordsInItsOwnForm) {
     FakeDesktop desktop;
     ::setenv("WAYLAND_DISPLAY", "wayland-0", 1);
-    for (const std::string form : {"xdg-terminal-exec",
-                                   "x-terminal-emulator -e",
-                                   "ptyxis --",
-                                   "kgx --",
-                                   "gnome-terminal --",
-                                   "konsole -e",
-                                   "xfce4-terminal -x",
-                                   "mate-terminal -x",
-                                   "lxterminal -e",
-                                   "cosmic-term --",
-                                   "tilix -e",
-                                   "terminator -x",
-                                   "qterminal -e",
-                                   "sakura -e",
-                                   "xterm -e",
-                                   "kitty",
-                                   "alacritty -e",
-                                   "ghostty -e",
-                                   "rio -e",
-                                   "foot",
-                                   "wezterm start --"}) {
-        const auto end = std::min(form.find(' '), form.size());
-        // Takes its options and then words that a shell may take apart again, as some do.
-        desktop.terminal(form.substr(0, end),
-                         "for option in " + form.substr(end) +
-                             "; do [ \"$1\" = $option ] || exit 1; shift; done\n"
-                             "[ $# -eq 2 ] || exit 1; eval exec $*");
-        ASSERT_TRUE(desktop.open()) << form;
-        ASSERT_TRUE(desktop.leaves("ran\n")) << form;
-        fs::remove(desktop.trace);
-        fs::remove(desktop.folder.path() / "bin" / form.substr(0, end));
+    const std::pair<std::string, std::string> forms[] = {
+        {"", "xdg-terminal-exec kitty foot"},
+        {"--", "ptyxis kgx gnome-terminal cosmic-term"},
+        {"-e", "x-terminal-emulator konsole lxterminal tilix qterminal sakura xterm alacritty "
+               "ghostty rio"},
+        {"-x", "xfce4-terminal mate-terminal terminator"},
+        {"start --", "wezterm"}};
+    for (const auto& [options, terminals] : forms) {
+        std::istringstream names(terminals);
+        for (std::string name; names >> name;) {
+            // Takes its options and then words that a shell may take apart again, as some do.
+            desktop.terminal(name, "for option in " + options +
+                                       "; do [ \"$1\" = $option ] || exit 1; shift; done\n"
+                                       "[ $# -eq 2 ] || exit 1; eval exec $*");
+            ASSERT_TRUE(desktop.open()) << name;
+            ASSERT_TRUE(desktop.leaves("ran\n")) << name;
+            fs::remove(desktop.trace);
+            fs::remove(desktop.folder.path() / "bin" / name);
+        }
     }
     EXPECT_FALSE(qWaitFor([&] { return desktop.refusals > 0; }, 100));
 }
@@ -159,10 +144,9 @@ TEST_F(Workspaces, TellATerminalThatFailsFromASessionThatDoes) {
     ASSERT_TRUE(desktop.open());
     EXPECT_TRUE(desktop.leaves("gnome-terminal\nkonsole\nxterm\nran\n")) << desktop.traced();
     siginfo_t child{};
-    const auto hasZombie = [&] {
-        return ::waitid(P_ALL, 0, &child, WEXITED | WNOHANG | WNOWAIT) == 0;
-    };
-    EXPECT_TRUE(qWaitFor([&] { return !hasZombie(); }));
+    EXPECT_TRUE(qWaitFor([&] {
+        return ::waitid(P_ALL, 0, &child, WEXITED | WNOHANG | WNOWAIT) != 0;
+    })) << "a zombie stays";
     EXPECT_EQ(desktop.refusals, 0);
 }
 
@@ -185,7 +169,6 @@ TEST_F(Workspaces, WaitForASlowTerminalAndForNoOtherAndOpenOneWindow) {
     EXPECT_TRUE(none.leaves("konsole\nxterm\n")) << none.traced();
     EXPECT_TRUE(late.leaves("gnome-terminal\nxterm\nran\n")) << late.traced();
     EXPECT_EQ(lost.traced(), "konsole\n") << "an error status is not waited for";
-    EXPECT_EQ(none.refusals, 1);
     EXPECT_TRUE(lost.leaves("konsole\nxterm\nran\n")) << lost.traced();
     EXPECT_TRUE(soon.leaves("konsole\nran\nlater\n")) << soon.traced();
     EXPECT_TRUE(over.leaves("konsole\nxterm\nran\nlater\n")) << over.traced();
@@ -244,34 +227,32 @@ TEST_F(Workspaces, AreNotFooledByAFolderInThePlaceOfTheirOwn) {
     const std::string word = ticket->words()[1];
     const fs::path folder = fs::path(word).parent_path();
     EXPECT_EQ(modeOf(folder), 0700U);
-    const auto runHelper = [&] { return std::system((KORVAN_RUN_SCRIPT " " + word).c_str()); };
-    ::setenv("PATH", (desktop.folder.path() / "bin").c_str(), 1);
-    fs::rename(desktop.folder.path() / "bin" / "rm", desktop.folder.path() / "rm");
-    EXPECT_EQ(runHelper(), 0);
-    EXPECT_EQ(desktop.traced(), "") << "when the program was faster";
-    fs::rename(desktop.folder.path() / "rm", desktop.folder.path() / "bin" / "rm");
+    const auto runsNothing = [&] {
+        return std::system((KORVAN_RUN_SCRIPT " " + word).c_str()) == 0 && desktop.traced().empty();
+    };
+    const fs::path bin = desktop.folder.path() / "bin";
+    ::setenv("PATH", bin.c_str(), 1);
+    fs::rename(bin / "rm", desktop.folder.path() / "rm");
+    EXPECT_TRUE(runsNothing()) << "when the program was faster";
+    fs::rename(desktop.folder.path() / "rm", bin / "rm");
     const fs::path moved = desktop.folder.path() / "moved";
     fs::rename(folder, moved);
     fs::create_symlink(moved, folder);
-    EXPECT_EQ(runHelper(), 0);
-    EXPECT_EQ(desktop.traced(), "") << "by way of a link";
+    EXPECT_TRUE(runsNothing()) << "by way of a link";
     fs::remove(folder);
     fs::create_directory(folder);
     fs::create_symlink(desktop.script, word);
     if (::geteuid() == 0) {
         EXPECT_EQ(::chown(folder.c_str(), 1, 1), 0);
-        EXPECT_EQ(runHelper(), 0);
-        EXPECT_EQ(desktop.traced(), "") << "in another user's folder";
+        EXPECT_TRUE(runsNothing()) << "in another user's folder";
     }
     fs::remove(moved / "script"); // as the helper does
     EXPECT_FALSE(ticket->withdraw());
     EXPECT_TRUE(fs::is_symlink(word));
 }
 
-struct Turn {
-    std::string_view shown; // after this, and a while in which nothing may end,
-    std::string_view typed; // this is typed
-};
+// What is shown first and then, after a while in which nothing may end, typed.
+using Turn = std::pair<std::string_view, std::string_view>;
 
 // All that the helper shows in a terminal of its own, running a script of these lines.
 std::string shownWith(const std::string& lines, const std::vector<Turn>& turns) {
@@ -285,12 +266,12 @@ std::string shownWith(const std::string& lines, const std::vector<Turn>& turns) 
 
     std::string shown;
     char byte = 0;
-    for (const Turn& turn : turns) {
-        while (shown.find(turn.shown) == std::string::npos && ::read(terminal, &byte, 1) == 1)
+    for (const auto& [before, typed] : turns) {
+        while (shown.find(before) == std::string::npos && ::read(terminal, &byte, 1) == 1)
             shown += byte;
         ::usleep(200'000);
         EXPECT_EQ(::waitpid(child, nullptr, WNOHANG), 0) << "ended early: " << shown;
-        EXPECT_GT(::write(terminal, turn.typed.data(), turn.typed.size()), 0);
+        EXPECT_GT(::write(terminal, typed.data(), typed.size()), 0);
     }
     while (::read(terminal, &byte, 1) == 1)
         shown += byte;

@@ -36,9 +36,8 @@ std::string stateOf(const fs::path& folder) {
     };
     if (fs::exists(databaseIn(folder))) {
         sqlite3_open(databaseIn(folder).c_str(), &database);
-        sqlite3_exec(database, "PRAGMA quick_check", add, &state, nullptr);
-        if (state == "ok ") state.clear();
         sqlite3_exec(database,
+                     "SELECT * FROM pragma_quick_check WHERE quick_check <> 'ok'; "
                      "SELECT key || length(value) || CAST(substr(value, 1, 1) AS TEXT) "
                      "FROM defaults ORDER BY key",
                      add, &state, nullptr);
@@ -73,9 +72,7 @@ public:
         m_isWatching = true;
         EXPECT_TRUE(change()) << name;
         m_isWatching = false;
-        const TemporaryFolder now;
-        build(now.path(), path(), Names::current, kAll);
-        const std::string before = std::exchange(m_state, stateOf(now.path()));
+        const std::string before = std::exchange(m_state, stateOf(path()));
         require(name, before);
         look();
         require("after " + name, m_state);
@@ -104,10 +101,6 @@ public:
     std::vector<std::string> losses;
 
 private:
-    enum class Names { synced, current };
-
-    static constexpr unsigned kAll = ~0U;
-
     // As it was last synced. The descriptor stays open: closing it would drop SQLite's locks.
     struct File {
         int descriptor;
@@ -134,23 +127,21 @@ private:
         return ::pread(file.descriptor, bytes.data(), bytes.size(), 0) < 0 ? "unread" : bytes;
     }
 
-    // Makes `to` what `from` may be after a cut; each file that was synced once has its current
-    // bytes where its bit is set in `current`.
-    void build(const fs::path& to, const fs::path& from, Names names, unsigned current) {
-        const auto entries = names == Names::current ? namesIn(from) : m_names[inodeOf(from)];
+    // Makes `to` what `from` may be after a cut, with its names as they were synced or as they are;
+    // each file that was synced once has its current bytes where its bit is set in `current`.
+    void build(const fs::path& to, const fs::path& from, bool isSynced, unsigned current) {
+        const auto entries = isSynced ? m_names[inodeOf(from)] : namesIn(from);
         for (const auto& [name, inode] : entries) {
             if (fs::is_directory(from / name)) {
                 fs::create_directory(to / name);
-                build(to / name, from / name, names, current);
+                build(to / name, from / name, isSynced, current);
                 continue;
             }
             std::ofstream file(to / name, std::ios::binary);
             const auto known = m_files.find(inode);
+            if (known == m_files.end()) continue; // was never synced
             const auto place = std::distance(m_files.begin(), known);
-            if (known == m_files.end()) // was never synced
-                file << (current == kAll ? textOf(from / name) : "");
-            else
-                file << (current >> place & 1U ? bytesOf(known->second) : known->second.bytes);
+            file << (current >> place & 1U ? bytesOf(known->second) : known->second.bytes);
         }
     }
 
@@ -162,9 +153,9 @@ private:
             if (bytesOf(file) != file.bytes) changed |= bit;
             bit <<= 1;
         }
-        for (const Names names : {Names::synced, Names::current}) {
+        for (const bool isSynced : {true, false}) {
             for (unsigned current = changed;; current = (current - 1) & changed) {
-                build(m_cuts.emplace_back().path(), path(), names, current);
+                build(m_cuts.emplace_back().path(), path(), isSynced, current);
                 if (current == 0) break;
             }
         }
