@@ -75,22 +75,26 @@ std::optional<std::size_t> plainLength(const std::string& text) {
 SnippetRowMetrics::Paragraph::Paragraph(const QFont& itsFont, int itsWidth)
     : font(itsFont), width(std::max(itsWidth, 1)), lineHeight(QFontMetrics(font).lineSpacing()) {
     const QFontMetricsF metrics(font);
-    for (std::size_t letter = ' '; letter < 0x7F; ++letter)
-        advances[letter] =
-            static_cast<float>(metrics.horizontalAdvance(QChar(static_cast<ushort>(letter))));
+    for (std::size_t letter = ' '; letter <= kLastLetter; ++letter)
+        if (letter < 0x7F || letter >= kFirstLetter)
+            advances[letter] =
+                static_cast<float>(metrics.horizontalAdvance(QChar(static_cast<ushort>(letter))));
 }
 
 int SnippetRowMetrics::Paragraph::heightOf(const std::string& text,
                                            QString (*shown)(QString)) const {
     // Most texts have one line, and need not be laid out to see that.
-    float advance = 0;
-    bool isPlain = true;
-    for (const char letter : text) {
-        isPlain = isPlain && letter >= ' ' && letter < 0x7F;
-        advance += advances[static_cast<unsigned char>(letter) & 0x7F];
+    if (plainLength(text)) {
+        float advance = 0;
+        for (std::size_t i = 0; i < text.size(); ++i) {
+            auto letter = static_cast<unsigned char>(text[i]);
+            // The second byte of an accented letter is its code but for one bit.
+            if (text[i] == kLead) letter = static_cast<unsigned char>(text[++i] | 0x40);
+            advance += advances[letter];
+        }
+        constexpr float kerning = 1.05F; // moves letters apart, too
+        if (advance * kerning <= static_cast<float>(width)) return lineHeight;
     }
-    constexpr float kerning = 1.05F; // moves letters apart, too
-    if (isPlain && advance * kerning <= static_cast<float>(width)) return lineHeight;
     return shownHeight(shown(toQString(text)), font, width, kMostOtherLines);
 }
 

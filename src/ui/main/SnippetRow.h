@@ -43,7 +43,7 @@ private:
         QFont font;
         int width = 1;
         int lineHeight = 0;
-        std::array<float, 128> advances{}; // of the letters of ASCII
+        std::array<float, 256> advances{}; // of visible ASCII and accented letters, by Latin-1
 
         Paragraph(const QFont& itsFont, int itsWidth);
         // `shown` makes of a text what is shown of it.

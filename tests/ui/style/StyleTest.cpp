@@ -36,7 +36,7 @@ QPalette paletteOf(QColor window, QColor text, QColor base) {
 TEST(Colors, StandOffOnEveryDesktop) {
     auto flat = paletteOf(0xfaf9f8, Qt::black, 0xfaf9f8); // GNOME's, as Qt makes it out
     flat.setColor(QPalette::Inactive, QPalette::WindowText, Qt::gray);
-    for (auto [shown, isHigh] :
+    for (const auto& [given, isHigh] :
          {std::pair(lightPalette(), false), std::pair(darkPalette(), false), std::pair(flat, false),
           std::pair(paletteOf(0x303030, Qt::white, 0x303030), false),
           std::pair(lightHighContrastPalette(), true), std::pair(darkHighContrastPalette(), true),
@@ -45,6 +45,7 @@ TEST(Colors, StandOffOnEveryDesktop) {
           std::pair(paletteOf(0xfdf6e3, 0x657b83, 0xeee8d5), false),
           std::pair(paletteOf(Qt::black, Qt::yellow, Qt::black), true),
           std::pair(paletteOf(0x808080, 0x707070, 0x909090), false)}) {
+        QPalette shown = given;
         KorvanStyle().polish(shown);
         EXPECT_EQ(isHighContrast(shown), isHigh);
         // A list can be told from its window, and a window that waits can be read.
