@@ -53,17 +53,17 @@ class Disk final {
 public:
     explicit Disk(int leftOut = -1) : m_leftOut(leftOut) {
         m_names[inodeOf(path())] = {};
-        m_current = this;
+        watching = this;
     }
     Disk(const Disk&) = delete;
     Disk& operator=(const Disk&) = delete;
     ~Disk() {
-        m_current = nullptr;
+        watching = nullptr;
         for (const auto& [inode, file] : m_files)
             ::close(file.descriptor);
     }
 
-    static Disk* current() { return m_current; }
+    static Disk* current() { return watching; }
     [[nodiscard]] const fs::path& path() const { return m_folder.path(); }
 
     // Runs `change`. A cut of power meanwhile leaves the earlier state or the new one, and one
@@ -169,7 +169,7 @@ private:
         m_cuts.clear();
     }
 
-    static inline Disk* m_current = nullptr;
+    static inline Disk* watching = nullptr;
 
     TemporaryFolder m_folder;
     int m_leftOut;

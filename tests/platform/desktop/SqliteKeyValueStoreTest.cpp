@@ -157,7 +157,7 @@ TEST_F(SqliteStore, WaitsForOneWhoHoldsTheFileForLessThanTheUsualWait) {
 
 TEST_F(SqliteStore, TriesAgainWhatItCouldNotWriteUnlessSomebodyElseWasQuicker) {
     using Step = std::function<void(SqliteKeyValueStore&)>;
-    const auto fails = [&](std::vector<KeyValueStore::Value> values) {
+    const auto fails = [&](const std::vector<KeyValueStore::Value>& values) {
         return [this, values](SqliteKeyValueStore& window) {
             ask("BEGIN IMMEDIATE");
             EXPECT_EQ(window.setValues(values).error().code, SQLITE_BUSY);
