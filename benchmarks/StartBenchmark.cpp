@@ -12,8 +12,8 @@
 // Programs that are not installed are left out. Each has a home folder of its own.
 #include "Samples.h"
 #include "Timings.h"
+#include "desktop/SqliteKeyValueStore.h"
 #include "model/RecordList.h"
-#include "platform/desktop/SqliteKeyValueStore.h"
 #include "support/TemporaryFolder.h"
 
 #include <algorithm>

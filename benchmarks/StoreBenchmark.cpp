@@ -6,15 +6,15 @@
 // The files are made in the folder that TMPDIR names; it should lie on a disk that keeps them.
 #include "Samples.h"
 #include "Timings.h"
-#include "actions/CommandExpansion.h"
+#include "desktop/SqliteKeyValueStore.h"
+#include "model/CommandSnippet.h"
 #include "model/KorvanBackup.h"
 #include "model/RecordList.h"
 #include "platform/Files.h"
-#include "platform/desktop/SqliteKeyValueStore.h"
+#include "state/ContentView.h"
 #include "support/MemoryKeyValueStore.h"
 #include "support/RecordingDesktop.h"
 #include "support/TemporaryFolder.h"
-#include "ui/main/ContentView.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -7,10 +7,10 @@
 #include "Samples.h"
 #include "Timings.h"
 #include "model/RecordList.h"
+#include "state/ContentView.h"
 #include "support/MemoryKeyValueStore.h"
 #include "support/RecordingDesktop.h"
 #include "support/Widgets.h"
-#include "ui/main/ContentView.h"
 #include "ui/main/ContentWindow.h"
 #include "ui/style/KorvanStyle.h"
 

@@ -2,7 +2,7 @@
 #include "app/AboutView.h"
 
 #include "app/VersionText.h"
-#include "platform/desktop/QtText.h"
+#include "desktop/QtText.h"
 #include "ui/style/Controls.h"
 #include "ui/style/Drawing.h"
 #include "ui/style/SheetTitle.h"

@@ -5,8 +5,8 @@
 #include "app/Activation.h"
 #include "app/ProgramBundle.h"
 #include "app/ReplaceQuestion.h"
-#include "platform/desktop/SqliteKeyValueStore.h"
-#include "ui/main/ContentView.h"
+#include "desktop/SqliteKeyValueStore.h"
+#include "state/ContentView.h"
 #include "ui/main/ContentWindow.h"
 
 #include <utility>
@@ -14,15 +14,15 @@
 namespace korvan {
 
 // A window and what it stands on, in the order in which they come; they go the other way round.
-struct TavrelApp::Scene {
-    Scene(const std::filesystem::path& database, const Desktop& desktop)
-        : keyValueStore(database), view(keyValueStore, desktop),
-          window(view, desktop.filePanels, [](QWidget* parent) -> QDialog* {
+struct TavrelApp::OpenWindow {
+    OpenWindow(const std::filesystem::path& database, const Desktop& desktop)
+        : keyValueStore(database), state(keyValueStore, desktop),
+          window(state, desktop.filePanels, [](QWidget* parent) -> QDialog* {
               return new AboutView(programBundle(), parent);
           }) {}
 
     SqliteKeyValueStore keyValueStore;
-    ContentView view;
+    ContentView state;
     ContentWindow window;
 };
 
@@ -35,18 +35,19 @@ TavrelApp::TavrelApp(std::filesystem::path database, const std::filesystem::path
 TavrelApp::~TavrelApp() = default;
 
 void TavrelApp::openWindow(const QString& activationToken) {
-    const auto& scene = m_scenes.emplace_back(std::make_unique<Scene>(m_database, m_desktop));
-    const Scene* opened = scene.get();
-    connect(&scene->window, &ContentWindow::newWindowRequested, this, [this] { openWindow(); });
+    const OpenWindow* opened =
+        m_openWindows.emplace_back(std::make_unique<OpenWindow>(m_database, m_desktop)).get();
+    const ContentWindow& window = opened->window;
+    connect(&window, &ContentWindow::newWindowRequested, this, [this] { openWindow(); });
     // Queued: the window is still in use while it says that it closes.
     connect(
-        &scene->window, &ContentWindow::closed, this, [this, opened] { closeScene(opened); },
+        &window, &ContentWindow::closed, this, [this, opened] { forgetWindow(opened); },
         Qt::QueuedConnection);
-    showInFront(scene->window, activationToken);
+    showInFront(m_openWindows.back()->window, activationToken);
 }
 
-void TavrelApp::closeScene(const Scene* scene) {
-    std::erase_if(m_scenes, [scene](const auto& entry) { return entry.get() == scene; });
+void TavrelApp::forgetWindow(const OpenWindow* window) {
+    std::erase_if(m_openWindows, [window](const auto& entry) { return entry.get() == window; });
 }
 
 } // namespace korvan

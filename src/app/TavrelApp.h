@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "desktop/DesktopClipboard.h"
+#include "desktop/DesktopFilePanels.h"
+#include "desktop/DesktopMainQueue.h"
+#include "desktop/DesktopWorkspace.h"
 #include "platform/Desktop.h"
-#include "platform/desktop/DesktopClipboard.h"
-#include "platform/desktop/DesktopFilePanels.h"
-#include "platform/desktop/DesktopMainQueue.h"
-#include "platform/desktop/DesktopWorkspace.h"
 
 #include <QObject>
 #include <filesystem>
@@ -32,9 +32,9 @@ public:
     void openWindow(const QString& activationToken = {});
 
 private:
-    struct Scene;
+    struct OpenWindow;
 
-    void closeScene(const Scene* scene);
+    void forgetWindow(const OpenWindow* window);
 
     std::filesystem::path m_database;
     DesktopClipboard m_clipboard;
@@ -42,7 +42,7 @@ private:
     DesktopFilePanels m_filePanels;
     DesktopMainQueue m_mainQueue;
     Desktop m_desktop;
-    std::vector<std::unique_ptr<Scene>> m_scenes; // one for each window
+    std::vector<std::unique_ptr<OpenWindow>> m_openWindows;
 };
 
 } // namespace korvan

@@ -5,7 +5,9 @@
 #include "model/SSHProfile.h"
 #include "model/Uuid.h"
 
+#include <array>
 #include <string>
+#include <string_view>
 
 namespace korvan {
 
@@ -17,8 +19,7 @@ struct CommandSnippet {
     std::string commandTemplate;
     std::string hint; // a short explanation, may be empty
 
-    // The template filled from `profile`, or as it is without one. It stands in
-    // actions/CommandLines.cpp.
+    // The template filled from `profile`, or as it is without one.
     [[nodiscard]] std::string expandedCommand(const SSHProfile* profile) const;
 
     friend bool operator==(const CommandSnippet& left, const CommandSnippet& right);
@@ -33,5 +34,30 @@ inline constexpr auto kFields<CommandSnippet> =
 inline bool operator==(const CommandSnippet& left, const CommandSnippet& right) {
     return fieldsAreEqual(left, right);
 }
+
+// Fills command templates from one profile. A list of commands is laid out anew at every change of
+// the selection; one expansion for all of them keeps its memory from one command to the next.
+class CommandExpansion final {
+public:
+    // Without a profile the templates stay as they are.
+    explicit CommandExpansion(const SSHProfile* profile);
+
+    // The command that the snippet's template makes. Valid until the next call, and only as long as
+    // the snippet is there unchanged.
+    [[nodiscard]] const std::string& of(const CommandSnippet& snippet);
+
+private:
+    struct Replacement {
+        std::string_view token;
+        std::string value;
+    };
+
+    void replace(const Replacement& replacement);
+
+    bool m_hasProfile;
+    std::array<Replacement, 4> m_replacements;
+    std::string m_command;
+    std::string m_spare;
+};
 
 } // namespace korvan

@@ -26,7 +26,7 @@ struct SSHProfile {
     // `user`, an at sign and `host`, as stored.
     [[nodiscard]] std::string target() const;
 
-    // The command line that connects to this profile. It stands in actions/CommandLines.cpp.
+    // The command line that connects to this profile.
     [[nodiscard]] std::string sshCommand() const;
 
     friend bool operator==(const SSHProfile& left, const SSHProfile& right);

@@ -75,7 +75,7 @@ template <class Record>
 void RecordStore<Record>::add(Record record) {
     const bool isFirst = m_kind.newRecords == NewRecords::first;
     m_records.insert(isFirst ? m_records.begin() : m_records.end(), std::move(record));
-    commit();
+    notifyAndSave();
 }
 
 template <class Record>
@@ -83,7 +83,7 @@ void RecordStore<Record>::update(const Record& record) {
     const auto found = std::ranges::find(m_records, record.id, &Record::id);
     if (found == m_records.end()) return;
     *found = record;
-    commit();
+    notifyAndSave();
 }
 
 template <class Record>
@@ -91,7 +91,7 @@ void RecordStore<Record>::remove(const Record& record) {
     const auto found = std::ranges::find(m_records, record);
     if (found == m_records.end()) return;
     m_records.erase(found);
-    commit();
+    notifyAndSave();
 }
 
 template <class Record>
@@ -119,7 +119,7 @@ void RecordStore<Record>::changeEach(const std::function<bool(Record&)>& change)
 }
 
 template <class Record>
-void RecordStore<Record>::commit() {
+void RecordStore<Record>::notifyAndSave() {
     notify();
     save();
 }

@@ -96,7 +96,7 @@ protected:
 
 private:
     // The list has changed: ends every mutation.
-    void commit();
+    void notifyAndSave();
     void change(std::vector<Record> records); // does not write
     void notify();
     [[nodiscard]] KeyValueStore::Value value() const;

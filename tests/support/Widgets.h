@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/desktop/QtText.h"
+#include "desktop/QtText.h"
 
 #include <QAbstractButton>
 #include <QApplication>

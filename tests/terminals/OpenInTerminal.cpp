@@ -2,7 +2,7 @@
 
 // Opens a script as Korvan does, and stays as Korvan would: korvan_open_in_terminal HELPER SCRIPT.
 // Ends with status 1 when no terminal takes the script.
-#include "platform/desktop/DesktopWorkspace.h"
+#include "desktop/DesktopWorkspace.h"
 
 #include <QCoreApplication>
 #include <QTimer>

@@ -2,9 +2,9 @@
 //
 // Nothing is lost, whatever happens in the middle of a change.
 #include "actions/BackupFile.h"
+#include "desktop/SqliteKeyValueStore.h"
 #include "model/RecordList.h"
 #include "model/SeedData.h"
-#include "platform/desktop/SqliteKeyValueStore.h"
 #include "store/RecordStore.h"
 #include "support/Examples.h"
 #include "support/TemporaryFolder.h"

@@ -13,10 +13,10 @@ constexpr int kPadding = 22;
 
 } // namespace
 
-CategoryEditorSheet::CategoryEditorSheet(CategoryEditorView view, QWidget* parent)
-    : EditorSheet(kWidth, kPadding, parent), m_view(std::move(view)) {
+CategoryEditorSheet::CategoryEditorSheet(CategoryEditorView state, QWidget* parent)
+    : EditorSheet(kWidth, kPadding, parent), m_state(std::move(state)) {
     const QString label = QStringLiteral("Name");
-    QLineEdit* name = makeTextField(label, m_view.category.name);
+    QLineEdit* name = makeTextField(label, m_state.category.name);
     addRow(label, name);
     setWidget(EditorField::name, name);
     complete(name);

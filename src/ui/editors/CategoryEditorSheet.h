@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/editors/CategoryEditorView.h"
+#include "state/CategoryEditorView.h"
 #include "ui/editors/EditorSheet.h"
 
 namespace korvan {
@@ -11,15 +11,15 @@ class CategoryEditorSheet final : public EditorSheet {
     Q_OBJECT
 
 public:
-    CategoryEditorSheet(CategoryEditorView view, QWidget* parent);
+    CategoryEditorSheet(CategoryEditorView state, QWidget* parent);
 
 private:
-    [[nodiscard]] std::string_view editorTitle() const override { return m_view.editorTitle(); }
-    [[nodiscard]] Validation& validation() override { return m_view; }
-    void commit() override { m_view.commit(); }
-    void cancel() override { m_view.cancel(); }
+    [[nodiscard]] std::string_view editorTitle() const override { return m_state.editorTitle(); }
+    [[nodiscard]] Validation& validation() override { return m_state; }
+    void commit() override { m_state.commit(); }
+    void cancel() override { m_state.cancel(); }
 
-    CategoryEditorView m_view;
+    CategoryEditorView m_state;
 };
 
 } // namespace korvan

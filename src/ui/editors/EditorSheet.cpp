@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ui/editors/EditorSheet.h"
 
-#include "platform/desktop/QtText.h"
+#include "desktop/QtText.h"
+#include "ui/style/Announcement.h"
 #include "ui/style/Controls.h"
-#include "ui/style/Notice.h"
 #include "ui/style/SheetTitle.h"
 
 #include <QComboBox>
@@ -55,7 +55,7 @@ void EditorSheet::addRow(const QString& label, QWidget* field, QLayout* row) {
 void EditorSheet::addWideRow(QLayout* content) { m_form->addRow(content); }
 
 void EditorSheet::complete(QWidget* firstField) {
-    makeNotice(*m_message);
+    makeAnnouncer(*m_message);
     m_message->hide();
     m_stack->addWidget(m_message);
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/editors/Validation.h"
+#include "state/Validation.h"
 
 #include <QDialog>
 #include <QString>

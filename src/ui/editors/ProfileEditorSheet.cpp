@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/editors/ProfileEditorSheet.h"
 
-#include "platform/desktop/QtText.h"
+#include "desktop/QtText.h"
 #include "ui/style/Controls.h"
 #include "ui/style/UserText.h"
 
@@ -26,10 +26,10 @@ const QString kHidePassword = QStringLiteral("Verbergen");
 
 } // namespace
 
-ProfileEditorSheet::ProfileEditorSheet(ProfileEditorView view, FilePanels& filePanels,
+ProfileEditorSheet::ProfileEditorSheet(ProfileEditorView state, FilePanels& filePanels,
                                        QWidget* parent)
-    : EditorSheet(kWidth, kPadding, parent), m_view(std::move(view)), m_filePanels(filePanels) {
-    SSHProfile& profile = m_view.profile;
+    : EditorSheet(kWidth, kPadding, parent), m_state(std::move(state)), m_filePanels(filePanels) {
+    SSHProfile& profile = m_state.profile;
     QLineEdit* name = addTextRow(QStringLiteral("Name"), profile.name);
     setWidget(EditorField::name, name);
     setWidget(EditorField::host, addTextRow(QStringLiteral("IP / Host"), profile.host));
@@ -52,11 +52,11 @@ QLineEdit* ProfileEditorSheet::addTextRow(const QString& label, std::string& val
 
 void ProfileEditorSheet::addPortRow() {
     const QString label = QStringLiteral("Port");
-    auto* port = new QLineEdit(QString::number(m_view.profile.port));
+    auto* port = new QLineEdit(QString::number(m_state.profile.port));
     port->setAccessibleName(label);
     port->setInputMethodHints(Qt::ImhPreferNumbers);
     connect(port, &QLineEdit::textChanged, this, [this, port](const QString& text) {
-        m_view.setPortText(fromQString(text));
+        m_state.setPortText(fromQString(text));
         fieldEdited(port);
     });
     addRow(label, port);
@@ -65,7 +65,7 @@ void ProfileEditorSheet::addPortRow() {
 
 void ProfileEditorSheet::addCategoryRow() {
     const QString label = QStringLiteral("Kategorie");
-    const std::vector<SSHCategory>& categories = m_view.categories();
+    const std::vector<SSHCategory>& categories = m_state.categories();
     auto* picker = new QComboBox;
     picker->setAccessibleName(label);
     // A long name is no reason for a wider sheet.
@@ -74,7 +74,7 @@ void ProfileEditorSheet::addCategoryRow() {
     for (const SSHCategory& category : categories)
         picker->addItem(toQString(category.name));
 
-    if (const std::optional<Uuid>& id = m_view.profile.categoryId) {
+    if (const std::optional<Uuid>& id = m_state.profile.categoryId) {
         const auto category = std::ranges::find(categories, *id, &SSHCategory::id);
         // An id that no category has shows as no choice at all, until the user picks one.
         picker->setCurrentIndex(category == categories.end()
@@ -83,19 +83,20 @@ void ProfileEditorSheet::addCategoryRow() {
     }
     connect(picker, &QComboBox::currentIndexChanged, this, [this](int index) {
         if (index < 0) return;
-        m_view.profile.categoryId =
-            index == 0 ? std::nullopt
-                       : std::optional(m_view.categories()[static_cast<std::size_t>(index) - 1].id);
+        m_state.profile.categoryId =
+            index == 0
+                ? std::nullopt
+                : std::optional(m_state.categories()[static_cast<std::size_t>(index) - 1].id);
     });
     addRow(label, picker);
 }
 
 void ProfileEditorSheet::addPasswordRow() {
     const QString label = QStringLiteral("Passwort (nur Notizfeld)");
-    m_password = makeTextField(label, m_view.profile.password);
+    m_password = makeTextField(label, m_state.profile.password);
     m_togglePassword = makeLinkButton(kHidePassword);
     connect(m_togglePassword, &QAbstractButton::clicked, this, [this] {
-        m_view.showPassword = !m_view.showPassword;
+        m_state.showPassword = !m_state.showPassword;
         refresh();
     });
     auto* place = new QVBoxLayout;
@@ -121,12 +122,12 @@ void ProfileEditorSheet::addIdentityFileRow() {
                          SemanticColor::secondary);
     m_clearIdentityFile->setFocusPolicy(Qt::StrongFocus);
     connect(choose, &QPushButton::clicked, this, [this] {
-        const bool isChosen = m_view.chooseIdentityFile(m_filePanels);
+        const bool isChosen = m_state.chooseIdentityFile(m_filePanels);
         refresh();
         if (isChosen) m_extraArgs->setFocus(); // where Return saves instead of asking once more
     });
     connect(m_clearIdentityFile, &QAbstractButton::clicked, this, [this] {
-        m_view.clearIdentityFile();
+        m_state.clearIdentityFile();
         refresh();
     });
     auto* row = new QHBoxLayout;
@@ -139,11 +140,11 @@ void ProfileEditorSheet::addIdentityFileRow() {
 
 void ProfileEditorSheet::refresh() {
     EditorSheet::refresh();
-    const auto echoMode = m_view.showPassword ? QLineEdit::Normal : QLineEdit::Password;
+    const auto echoMode = m_state.showPassword ? QLineEdit::Normal : QLineEdit::Password;
     if (m_password->echoMode() != echoMode) m_password->setEchoMode(echoMode);
-    m_togglePassword->setText(m_view.showPassword ? kHidePassword : kShowPassword);
+    m_togglePassword->setText(m_state.showPassword ? kHidePassword : kShowPassword);
 
-    const QString path = toQString(m_view.profile.identityFile);
+    const QString path = toQString(m_state.profile.identityFile);
     if (m_identityFile->text() != path) {
         m_identityFile->setText(path); // leaves the cursor, and so what is visible, at the end
         m_identityFile->setToolTip(toolTipFor(path));

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "state/ProfileEditorView.h"
 #include "ui/editors/EditorSheet.h"
-#include "ui/editors/ProfileEditorView.h"
 
 class QAbstractButton;
 class QComboBox;
@@ -15,17 +15,17 @@ class ProfileEditorSheet final : public EditorSheet {
     Q_OBJECT
 
 public:
-    ProfileEditorSheet(ProfileEditorView view, FilePanels& filePanels, QWidget* parent);
+    ProfileEditorSheet(ProfileEditorView state, FilePanels& filePanels, QWidget* parent);
 
 protected:
     void changeEvent(QEvent* event) override;
     void refresh() override;
 
 private:
-    [[nodiscard]] std::string_view editorTitle() const override { return m_view.editorTitle(); }
-    [[nodiscard]] Validation& validation() override { return m_view; }
-    void commit() override { m_view.commit(); }
-    void cancel() override { m_view.cancel(); }
+    [[nodiscard]] std::string_view editorTitle() const override { return m_state.editorTitle(); }
+    [[nodiscard]] Validation& validation() override { return m_state; }
+    void commit() override { m_state.commit(); }
+    void cancel() override { m_state.cancel(); }
 
     QLineEdit* addTextRow(const QString& label, std::string& value);
     void addPortRow();
@@ -34,7 +34,7 @@ private:
     void addIdentityFileRow();
     void tintIdentityFile();
 
-    ProfileEditorView m_view;
+    ProfileEditorView m_state;
     FilePanels& m_filePanels;
     QLineEdit* m_password = nullptr;
     QAbstractButton* m_togglePassword = nullptr;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/editors/SnippetEditorSheet.h"
 
-#include "platform/desktop/QtText.h"
+#include "desktop/QtText.h"
 #include "ui/style/Controls.h"
 #include "ui/style/Drawing.h"
 #include "ui/style/Lines.h"
@@ -78,14 +78,14 @@ QString textOf(const QTextDocument& document) {
 
 } // namespace
 
-SnippetEditorSheet::SnippetEditorSheet(SnippetEditorView view, QWidget* parent)
-    : EditorSheet(kWidth, kPadding, parent), m_view(std::move(view)) {
+SnippetEditorSheet::SnippetEditorSheet(SnippetEditorView state, QWidget* parent)
+    : EditorSheet(kWidth, kPadding, parent), m_state(std::move(state)) {
     const QString titleLabel = QStringLiteral("Titel");
-    QLineEdit* title = makeTextField(titleLabel, m_view.snippet.title);
+    QLineEdit* title = makeTextField(titleLabel, m_state.snippet.title);
     addRow(titleLabel, title);
     setWidget(EditorField::title, title);
     const QString hintLabel = QStringLiteral("Hinweis (optional)");
-    addRow(hintLabel, makeTextField(hintLabel, m_view.snippet.hint));
+    addRow(hintLabel, makeTextField(hintLabel, m_state.snippet.hint));
 
     const QString templateLabel = QStringLiteral("Befehl (Template)");
     auto* block = new QVBoxLayout;
@@ -105,14 +105,14 @@ QPlainTextEdit* SnippetEditorSheet::makeTemplateEditor(const QString& label) {
     editor->setFrameShape(QFrame::NoFrame);
     editor->setFixedHeight(kTemplateHeight);
     editor->setTabChangesFocus(true);
-    editor->setPlainText(toQString(m_view.snippet.commandTemplate));
+    editor->setPlainText(toQString(m_state.snippet.commandTemplate));
     // The document has its own idea of line breaks. As long as it shows what it was given, and when
     // the user has undone his changes, the template is the one that was given.
     connect(editor, &QPlainTextEdit::textChanged, this,
             [this, editor, shown = textOf(*editor->document()),
-             given = m_view.snippet.commandTemplate] {
+             given = m_state.snippet.commandTemplate] {
                 const QString text = textOf(*editor->document());
-                m_view.snippet.commandTemplate = text == shown ? given : fromQString(text);
+                m_state.snippet.commandTemplate = text == shown ? given : fromQString(text);
                 fieldEdited(editor);
             });
     setWidget(EditorField::commandTemplate, editor);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "state/SnippetEditorView.h"
 #include "ui/editors/EditorSheet.h"
-#include "ui/editors/SnippetEditorView.h"
 
 class QBoxLayout;
 class QPlainTextEdit;
@@ -14,17 +14,17 @@ class SnippetEditorSheet final : public EditorSheet {
     Q_OBJECT
 
 public:
-    SnippetEditorSheet(SnippetEditorView view, QWidget* parent);
+    SnippetEditorSheet(SnippetEditorView state, QWidget* parent);
 
 private:
-    [[nodiscard]] std::string_view editorTitle() const override { return m_view.editorTitle(); }
-    [[nodiscard]] Validation& validation() override { return m_view; }
-    void commit() override { m_view.commit(); }
-    void cancel() override { m_view.cancel(); }
+    [[nodiscard]] std::string_view editorTitle() const override { return m_state.editorTitle(); }
+    [[nodiscard]] Validation& validation() override { return m_state; }
+    void commit() override { m_state.commit(); }
+    void cancel() override { m_state.cancel(); }
 
     QPlainTextEdit* makeTemplateEditor(const QString& label);
 
-    SnippetEditorView m_view;
+    SnippetEditorView m_state;
 };
 
 } // namespace korvan

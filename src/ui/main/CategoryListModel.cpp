@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/CategoryListModel.h"
 
-#include "platform/desktop/QtText.h"
+#include "desktop/QtText.h"
 #include "ui/main/CategoryList.h"
 #include "ui/style/Colors.h"
 #include "ui/style/Drawing.h"
@@ -34,24 +34,24 @@ int markSize() { return symbolSize() * 7 / 8; }
 
 } // namespace
 
-CategoryListModel::CategoryListModel(const ContentView& view, QObject* parent)
-    : QAbstractListModel(parent), m_view(view), m_rows(makeRows()),
-      m_revision(view.categoryStore.revision()), m_shownFilter(view.categoryFilter) {}
+CategoryListModel::CategoryListModel(const ContentView& state, QObject* parent)
+    : QAbstractListModel(parent), m_state(state), m_rows(makeRows()),
+      m_revision(state.categoryStore.revision()), m_shownFilter(state.categoryFilter) {}
 
 std::vector<CategoryListModel::Row> CategoryListModel::makeRows() const {
     std::vector<Row> rows;
     rows.push_back({u"Alle"_s, CategoryFilter::all()});
     rows.push_back({u"Ohne Kategorie"_s, CategoryFilter::uncategorized()});
     rows.push_back({u"Eigene Kategorien"_s, std::nullopt});
-    for (const SSHCategory& category : m_view.categoryStore.categories())
+    for (const SSHCategory& category : m_state.categoryStore.categories())
         rows.push_back({toQString(category.name), CategoryFilter::category(category.id)});
     return rows;
 }
 
 void CategoryListModel::refresh() {
-    const std::uint64_t revision = m_view.categoryStore.revision();
-    if (m_revision == revision && m_shownFilter == m_view.categoryFilter) return;
-    m_shownFilter = m_view.categoryFilter;
+    const std::uint64_t revision = m_state.categoryStore.revision();
+    if (m_revision == revision && m_shownFilter == m_state.categoryFilter) return;
+    m_shownFilter = m_state.categoryFilter;
     if (m_revision == revision) {
         Q_EMIT dataChanged(index(0), index(rowCount() - 1));
         return;
@@ -75,12 +75,12 @@ std::optional<CategoryFilter> CategoryListModel::filterAt(int row) const {
 const SSHCategory* CategoryListModel::categoryAt(int row) const {
     const auto filter = filterAt(row);
     const auto id = filter ? filter->categoryId() : std::nullopt;
-    return id ? m_view.categoryStore.find(*id) : nullptr;
+    return id ? m_state.categoryStore.find(*id) : nullptr;
 }
 
 bool CategoryListModel::isMarked(int row) const {
     const auto filter = filterAt(row);
-    return filter && *filter == *m_view.categoryFilter;
+    return filter && *filter == *m_state.categoryFilter;
 }
 
 int CategoryListModel::rowCount(const QModelIndex& parent) const {

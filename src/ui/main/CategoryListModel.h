@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/main/CategoryFilter.h"
-#include "ui/main/ContentView.h"
+#include "state/CategoryFilter.h"
+#include "state/ContentView.h"
 
 #include <QAbstractListModel>
 #include <QString>
@@ -22,7 +22,7 @@ public:
     // A title as it is written. Shown, it has one line.
     static constexpr int kWrittenText = Qt::UserRole;
 
-    explicit CategoryListModel(const ContentView& view, QObject* parent = nullptr);
+    explicit CategoryListModel(const ContentView& state, QObject* parent = nullptr);
 
     void refresh();
 
@@ -47,7 +47,7 @@ private:
 
     [[nodiscard]] std::vector<Row> makeRows() const;
 
-    const ContentView& m_view;
+    const ContentView& m_state;
     std::vector<Row> m_rows;
     std::uint64_t m_revision = 0;
     CategoryFilter m_shownFilter = CategoryFilter::all();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/CategorySidebar.h"
 
-#include "platform/desktop/QtText.h"
+#include "desktop/QtText.h"
 #include "ui/main/CategoryList.h"
 #include "ui/main/CategoryListModel.h"
 #include "ui/main/ColumnHeading.h"
@@ -27,8 +27,8 @@ constexpr int kMaximumWidth = 380;
 
 } // namespace
 
-CategorySidebar::CategorySidebar(ContentView& view, QWidget* parent)
-    : QWidget(parent), m_view(view), m_model(new CategoryListModel(view, this)),
+CategorySidebar::CategorySidebar(ContentView& state, QWidget* parent)
+    : QWidget(parent), m_state(state), m_model(new CategoryListModel(state, this)),
       m_list(new CategoryList) {
     setAutoFillBackground(true);
     auto* layout = new QVBoxLayout(this);
@@ -52,11 +52,11 @@ ColumnHeading* CategorySidebar::makeHeading() {
     QToolButton* add = makeSymbolButton(u"plus"_s, u"Kategorie hinzufügen"_s);
     m_renameButton = makeSymbolButton(u"pencil"_s, u"Kategorie umbenennen"_s);
     m_deleteButton = makeSymbolButton(u"trash"_s, u"Kategorie löschen"_s, SemanticColor::red);
-    connect(add, &QToolButton::clicked, this, [this] { m_view.newCategory(); });
+    connect(add, &QToolButton::clicked, this, [this] { m_state.newCategory(); });
     connect(m_renameButton, &QToolButton::clicked, this,
-            [this] { m_view.renameSelectedCategory(); });
+            [this] { m_state.renameSelectedCategory(); });
     connect(m_deleteButton, &QToolButton::clicked, this,
-            [this] { m_view.requestDeleteSelectedCategory(); });
+            [this] { m_state.requestDeleteSelectedCategory(); });
     return new ColumnHeading(u"Kategorien"_s, kHeadingSpacing,
                              {add, m_renameButton, m_deleteButton});
 }
@@ -81,13 +81,13 @@ void CategorySidebar::refresh() {
     // A list that was filled anew goes on where the keyboard was.
     if (current >= 0 && !m_list->currentIndex().isValid())
         m_list->setCurrentIndex(m_model->index(qMin(current, m_model->rowCount() - 1)));
-    const bool hasCategory = m_view.selectedCategory() != nullptr;
+    const bool hasCategory = m_state.selectedCategory() != nullptr;
     m_renameButton->setEnabled(hasCategory);
     m_deleteButton->setEnabled(hasCategory);
 }
 
 void CategorySidebar::chooseRow(const QModelIndex& index) {
-    if (const auto filter = m_model->filterAt(index.row())) m_view.chooseCategoryFilter(*filter);
+    if (const auto filter = m_model->filterAt(index.row())) m_state.chooseCategoryFilter(*filter);
 }
 
 void CategorySidebar::openMenu(const QModelIndex& index, QPoint globalPosition) {
@@ -99,9 +99,9 @@ void CategorySidebar::openMenu(const QModelIndex& index, QPoint globalPosition) 
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->setAccessibleName(toQString(chosen.name));
     connect(menu->addAction(u"Umbenennen…"_s), &QAction::triggered, this,
-            [this, chosen] { m_view.renameCategory(chosen); });
+            [this, chosen] { m_state.renameCategory(chosen); });
     connect(menu->addAction(u"Löschen…"_s), &QAction::triggered, this,
-            [this, chosen] { m_view.requestDeleteCategory(chosen); });
+            [this, chosen] { m_state.requestDeleteCategory(chosen); });
     menu->popup(globalPosition);
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/main/ContentView.h"
+#include "state/ContentView.h"
 
 #include <QWidget>
 
@@ -19,7 +19,7 @@ class CategorySidebar final : public QWidget {
     Q_OBJECT
 
 public:
-    explicit CategorySidebar(ContentView& view, QWidget* parent = nullptr);
+    explicit CategorySidebar(ContentView& state, QWidget* parent = nullptr);
 
     void refresh();
 
@@ -34,7 +34,7 @@ private:
     void openMenuOfCurrentRow();
     void openMenu(const QModelIndex& index, QPoint globalPosition);
 
-    ContentView& m_view;
+    ContentView& m_state;
     CategoryListModel* m_model;
     CategoryList* m_list;
     ColumnHeading* m_heading = nullptr;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/CommandDatabasePanel.h"
 
-#include "platform/desktop/QtText.h"
+#include "desktop/QtText.h"
 #include "ui/main/ColumnHeading.h"
 #include "ui/main/SnippetList.h"
 #include "ui/style/Controls.h"
@@ -29,12 +29,12 @@ QString activeProfileText(const SSHProfile& profile) {
 
 } // namespace
 
-CommandDatabasePanel::CommandDatabasePanel(ContentView& view, QWidget* parent)
-    : QWidget(parent), m_view(view), m_search(new QLineEdit),
+CommandDatabasePanel::CommandDatabasePanel(ContentView& state, QWidget* parent)
+    : QWidget(parent), m_state(state), m_search(new QLineEdit),
       m_activeProfile(new ElidedLabel(TextStyle::caption, SemanticColor::secondary)),
       m_tip(new Label(u"Tipp: Profil auswählen → {HOST}/{USER}/{PORT}/{TARGET} werden ersetzt."_s,
                       TextStyle::caption, SemanticColor::secondary)),
-      m_list(new SnippetList(view)) {
+      m_list(new SnippetList(state)) {
     setAutoFillBackground(true);
     m_search->setPlaceholderText(u"Suchen…"_s);
     m_search->setAccessibleName(u"Befehle suchen"_s);
@@ -43,7 +43,7 @@ CommandDatabasePanel::CommandDatabasePanel(ContentView& view, QWidget* parent)
         clear->setAccessibleName(u"Suche leeren"_s); // the toolkit gives it no name
     m_tip->setWordWrap(true);
     connect(m_search, &QLineEdit::textChanged, this,
-            [this](const QString& text) { m_view.snippetSearch = fromQString(text); });
+            [this](const QString& text) { m_state.snippetSearch = fromQString(text); });
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(kPadding, kPadding, kPadding, kPadding);
@@ -59,9 +59,9 @@ QWidget* CommandDatabasePanel::makeHeader() {
     QPushButton* add = makeButton(u"plus"_s, u"Neu"_s);
     add->setToolTip(u"Neuen Befehl anlegen"_s);
     add->setAccessibleName(u"Neuen Befehl anlegen"_s);
-    connect(add, &QPushButton::clicked, this, [this] { m_view.newSnippet(); });
+    connect(add, &QPushButton::clicked, this, [this] { m_state.newSnippet(); });
     QToolButton* hide = makeSymbolButton(u"sidebar.right"_s, u"Liste ausblenden"_s);
-    connect(hide, &QToolButton::clicked, this, [this] { m_view.showSnippets = false; });
+    connect(hide, &QToolButton::clicked, this, [this] { m_state.showSnippets = false; });
     return new ColumnHeading(u"Befehlsdatenbank"_s, kHeaderSpacing, {add, hide});
 }
 
@@ -78,9 +78,9 @@ QLayout* CommandDatabasePanel::makeInfoLine() {
 }
 
 void CommandDatabasePanel::refresh() {
-    const QString search = toQString(*m_view.snippetSearch);
+    const QString search = toQString(*m_state.snippetSearch);
     if (m_search->text() != search) m_search->setText(search);
-    const SSHProfile* profile = m_view.selectedProfile();
+    const SSHProfile* profile = m_state.selectedProfile();
     m_activeProfile->setText(profile ? activeProfileText(*profile) : QString());
     m_activeProfile->setVisible(profile != nullptr);
     m_tip->setVisible(profile == nullptr);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/main/ContentView.h"
+#include "state/ContentView.h"
 
 #include <QWidget>
 
@@ -20,7 +20,7 @@ class CommandDatabasePanel final : public QWidget {
     Q_OBJECT
 
 public:
-    explicit CommandDatabasePanel(ContentView& view, QWidget* parent = nullptr);
+    explicit CommandDatabasePanel(ContentView& state, QWidget* parent = nullptr);
 
     void refresh();
 
@@ -28,7 +28,7 @@ private:
     QWidget* makeHeader();
     QLayout* makeInfoLine();
 
-    ContentView& m_view;
+    ContentView& m_state;
     QLineEdit* m_search;
     ElidedLabel* m_activeProfile;
     Label* m_tip;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/main/ColumnWidths.h"
+#include "state/ColumnWidths.h"
 
 #include <QSplitter>
 #include <QVariantAnimation>

@@ -4,8 +4,8 @@
 #include "ui/main/CategorySidebar.h"
 #include "ui/main/CommandDatabasePanel.h"
 #include "ui/main/ContentSplitter.h"
+#include "ui/main/Dialogs.h"
 #include "ui/main/HeaderBar.h"
-#include "ui/main/Presentations.h"
 #include "ui/main/ProfileTable.h"
 #include "ui/main/Toast.h"
 
@@ -29,16 +29,16 @@ constexpr QSize kIdealSize(1460, 820);
 
 } // namespace
 
-ContentWindow::ContentWindow(ContentView& view, FilePanels& filePanels,
+ContentWindow::ContentWindow(ContentView& state, FilePanels& filePanels,
                              std::function<QDialog*(QWidget* parent)> makeAbout)
-    : m_view(view), m_presentations(std::make_unique<Presentations>(view, filePanels,
-                                                                    std::move(makeAbout), this)) {
+    : m_state(state),
+      m_dialogs(std::make_unique<Dialogs>(state, filePanels, std::move(makeAbout), this)) {
     setWindowTitle(u"Korvan"_s);
     makeMenu();
     makeContent();
     resize(kIdealSize.boundedTo(screen()->availableSize() * 0.95));
     refresh();
-    m_subscription = m_view.observe([this] { refreshSoon(); });
+    m_subscription = m_state.observe([this] { refreshSoon(); });
 }
 
 ContentWindow::~ContentWindow() = default;
@@ -55,10 +55,10 @@ void ContentWindow::makeMenu() {
 }
 
 void ContentWindow::makeContent() {
-    m_header = new HeaderBar(m_view);
-    m_sidebar = new CategorySidebar(m_view);
-    m_table = new ProfileTable(m_view);
-    m_panel = new CommandDatabasePanel(m_view);
+    m_header = new HeaderBar(m_state);
+    m_sidebar = new CategorySidebar(m_state);
+    m_table = new ProfileTable(m_state);
+    m_panel = new CommandDatabasePanel(m_state);
     m_splitter = new ContentSplitter(m_sidebar, m_table, m_panel);
 
     auto* content = new QWidget;
@@ -69,7 +69,7 @@ void ContentWindow::makeContent() {
     layout->addWidget(m_splitter, 1);
     setCentralWidget(content);
     m_table->setFocus();
-    m_toast = new Toast(m_view, content);
+    m_toast = new Toast(m_state, content);
 }
 
 void ContentWindow::refreshSoon() {
@@ -84,11 +84,11 @@ void ContentWindow::refresh() {
     m_sidebar->refresh();
     m_table->refresh();
     m_panel->refresh();
-    m_splitter->setPanel(m_view.showSnippets ? ContentSplitter::Panel::shown
-                                             : ContentSplitter::Panel::hidden);
+    m_splitter->setPanel(m_state.showSnippets ? ContentSplitter::Panel::shown
+                                              : ContentSplitter::Panel::hidden);
     m_splitter->setLeastSize(leastContent());
     m_toast->refresh();
-    m_presentations->refresh();
+    m_dialogs->refresh();
 }
 
 // No wider than the screen: what is beyond its edge cannot be reached.

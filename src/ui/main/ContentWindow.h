@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/main/ContentView.h"
+#include "state/ContentView.h"
 
 #include <QMainWindow>
 #include <functional>
@@ -15,7 +15,7 @@ class CategorySidebar;
 class CommandDatabasePanel;
 class ContentSplitter;
 class HeaderBar;
-class Presentations;
+class Dialogs;
 class ProfileTable;
 class Toast;
 
@@ -27,7 +27,7 @@ class ContentWindow final : public QMainWindow {
 
 public:
     // `makeAbout` makes the sheet that shows what the program is.
-    ContentWindow(ContentView& view, FilePanels& filePanels,
+    ContentWindow(ContentView& state, FilePanels& filePanels,
                   std::function<QDialog*(QWidget* parent)> makeAbout);
     ~ContentWindow() override;
 
@@ -46,14 +46,14 @@ private:
     void refresh();
     [[nodiscard]] QSize leastContent() const;
 
-    ContentView& m_view;
+    ContentView& m_state;
     HeaderBar* m_header = nullptr;
     CategorySidebar* m_sidebar = nullptr;
     ProfileTable* m_table = nullptr;
     CommandDatabasePanel* m_panel = nullptr;
     ContentSplitter* m_splitter = nullptr;
     Toast* m_toast = nullptr;
-    std::unique_ptr<Presentations> m_presentations;
+    std::unique_ptr<Dialogs> m_dialogs;
     bool m_isStale = false;
     Subscription m_subscription; // the last: nothing is called once the rest has gone
 };

@@ -27,8 +27,8 @@ QString fullLabelOf(const QPushButton* button) { return button->accessibleName()
 
 } // namespace
 
-HeaderBar::HeaderBar(ContentView& view, QWidget* parent)
-    : QWidget(parent), m_view(view), m_layout(new QHBoxLayout(this)) {
+HeaderBar::HeaderBar(ContentView& state, QWidget* parent)
+    : QWidget(parent), m_state(state), m_layout(new QHBoxLayout(this)) {
     setAutoFillBackground(true);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     m_layout->setContentsMargins(kPadding, kPadding, kPadding, kPadding);
@@ -64,7 +64,7 @@ QPushButton* HeaderBar::addButton(const QString& symbol, const QString& label, A
     QPushButton* button =
         makeButton(symbol, label, destroys ? SemanticColor::red : SemanticColor::primary);
     button->setAccessibleName(label);
-    connect(button, &QPushButton::clicked, this, [this, action] { (m_view.*action)(); });
+    connect(button, &QPushButton::clicked, this, [this, action] { (m_state.*action)(); });
     if (target == Target::selectedProfile) m_profileButtons.push_back(button);
     m_buttons.push_back(button);
     m_layout->addWidget(button);
@@ -78,10 +78,10 @@ void HeaderBar::addDivider() {
 }
 
 void HeaderBar::refresh() {
-    const bool hasProfile = m_view.selectedProfile() != nullptr;
+    const bool hasProfile = m_state.selectedProfile() != nullptr;
     for (QPushButton* button : m_profileButtons)
         button->setEnabled(hasProfile);
-    setLabel(m_panelToggle, m_view.showSnippets ? u"Befehle aus"_s : u"Befehle ein"_s);
+    setLabel(m_panelToggle, m_state.showSnippets ? u"Befehle aus"_s : u"Befehle ein"_s);
 }
 
 void HeaderBar::setLabel(QPushButton* button, const QString& label) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/main/ContentView.h"
+#include "state/ContentView.h"
 
 #include <QWidget>
 #include <vector>
@@ -20,7 +20,7 @@ class HeaderBar final : public QWidget {
     Q_OBJECT
 
 public:
-    explicit HeaderBar(ContentView& view, QWidget* parent = nullptr);
+    explicit HeaderBar(ContentView& state, QWidget* parent = nullptr);
 
     void refresh();
 
@@ -41,7 +41,7 @@ private:
     void setLabel(QPushButton* button, const QString& label);
     void fitLabels();
 
-    ContentView& m_view;
+    ContentView& m_state;
     QHBoxLayout* m_layout;
     QWidget* m_title;
     std::vector<QPushButton*> m_buttons;        // the most needed first

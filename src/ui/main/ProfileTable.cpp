@@ -80,8 +80,8 @@ private:
 
 } // namespace
 
-ProfileTable::ProfileTable(ContentView& view, QWidget* parent)
-    : QTableView(parent), m_view(view), m_model(view), m_cell(new ProfileCell(this)) {
+ProfileTable::ProfileTable(ContentView& state, QWidget* parent)
+    : QTableView(parent), m_state(state), m_model(state), m_cell(new ProfileCell(this)) {
     configure();
     restyle();
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
@@ -141,9 +141,9 @@ void ProfileTable::changeEvent(QEvent* event) {
 
 void ProfileTable::refresh() {
     // A reload stays where it was; another filter begins at the top.
-    const bool isSameFilter = m_shownFilter == *m_view.categoryFilter;
+    const bool isSameFilter = m_shownFilter == *m_state.categoryFilter;
     const int scrolled = isSameFilter ? verticalScrollBar()->value() : 0;
-    m_shownFilter = m_view.categoryFilter;
+    m_shownFilter = m_state.categoryFilter;
     const int current = currentIndex().row();
     bool wasReset = false;
     {
@@ -151,7 +151,7 @@ void ProfileTable::refresh() {
         const QScopedValueRollback quiet(m_isShowingSelection, true);
         wasReset = m_model.refresh();
     }
-    if (wasReset || m_shownSelection != *m_view.selection) showSelection();
+    if (wasReset || m_shownSelection != *m_state.selection) showSelection();
     if (wasReset) {
         // The keyboard goes on from where it was.
         if (current >= 0 && !currentIndex().isValid())
@@ -165,7 +165,7 @@ void ProfileTable::refresh() {
 
 void ProfileTable::showSelection() {
     const QScopedValueRollback quiet(m_isShowingSelection, true);
-    m_shownSelection = m_view.selection;
+    m_shownSelection = m_state.selection;
     const std::unordered_set<Uuid> wanted(m_shownSelection.ids().begin(),
                                           m_shownSelection.ids().end());
     QItemSelection rows;
@@ -193,8 +193,8 @@ void ProfileTable::takeOverSelection() {
     for (const QItemSelectionRange& range : selectionModel()->selection())
         for (int row = range.top(); row <= range.bottom(); ++row)
             if (const SSHProfile* profile = m_model.profileAt(row)) selected.push_back(profile->id);
-    m_shownSelection = m_view.selection->changedTo(std::move(selected));
-    m_view.selection = m_shownSelection;
+    m_shownSelection = m_state.selection->changedTo(std::move(selected));
+    m_state.selection = m_shownSelection;
 }
 
 const SSHProfile* ProfileTable::profileWithTextAt(QPoint position) const {
@@ -210,13 +210,13 @@ void ProfileTable::mousePressEvent(QMouseEvent* event) {
     if (!isPlainClick) return;
     if (!indexAt(event->position().toPoint()).isValid()) {
         clearSelection();
-        m_view.selection = ProfileSelection(); // with the ids of profiles that are gone
+        m_state.selection = ProfileSelection(); // with the ids of profiles that are gone
         return;
     }
     // Not left to the table's own selection: that says nothing where the row is selected already,
     // though the state may still hold the id of a profile that is gone.
     if (const SSHProfile* profile = profileWithTextAt(event->position().toPoint()))
-        m_view.selectProfile(*profile);
+        m_state.selectProfile(*profile);
 }
 
 void ProfileTable::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -224,8 +224,8 @@ void ProfileTable::mouseDoubleClickEvent(QMouseEvent* event) {
     const SSHProfile* profile = profileWithTextAt(event->position().toPoint());
     if (!profile || event->button() != Qt::LeftButton || event->modifiers() != Qt::NoModifier)
         return;
-    m_view.selectProfile(*profile);
-    m_view.connect(*profile);
+    m_state.selectProfile(*profile);
+    m_state.connect(*profile);
 }
 
 // A row is what the keyboard moves by: Home and End are the first and the last one.

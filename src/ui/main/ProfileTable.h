@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/main/ContentView.h"
+#include "state/ContentView.h"
 #include "ui/main/ProfileTableModel.h"
 
 #include <QTableView>
@@ -19,7 +19,7 @@ class ProfileTable final : public QTableView {
     Q_OBJECT
 
 public:
-    explicit ProfileTable(ContentView& view, QWidget* parent = nullptr);
+    explicit ProfileTable(ContentView& state, QWidget* parent = nullptr);
 
     void refresh();
 
@@ -54,7 +54,7 @@ private:
     void fitColumns();
     void limitColumn(int column, int width);
 
-    ContentView& m_view;
+    ContentView& m_state;
     ProfileTableModel m_model;
     ProfileCell* m_cell;
     ProfileSelection m_shownSelection;

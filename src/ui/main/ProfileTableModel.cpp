@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/ProfileTableModel.h"
 
+#include "desktop/QtText.h"
 #include "model/Text.h"
-#include "platform/desktop/QtText.h"
 #include "ui/style/Colors.h"
 #include "ui/style/TextStyles.h"
 #include "ui/style/UserText.h"
@@ -58,10 +58,10 @@ QColor cellColor(const SSHProfile& profile, int column) {
 
 } // namespace
 
-ProfileTableModel::ProfileTableModel(const ContentView& view, QObject* parent)
-    : QAbstractTableModel(parent), m_view(view) {
+ProfileTableModel::ProfileTableModel(const ContentView& state, QObject* parent)
+    : QAbstractTableModel(parent), m_state(state) {
     restyle();
-    assign(m_view.filteredProfiles());
+    assign(m_state.filteredProfiles());
 }
 
 void ProfileTableModel::restyle() {
@@ -70,8 +70,8 @@ void ProfileTableModel::restyle() {
 }
 
 bool ProfileTableModel::refresh() {
-    if (m_revision == m_view.store.revision() && m_filter == m_view.categoryFilter) return false;
-    std::vector<std::size_t> places = m_view.filteredProfiles();
+    if (m_revision == m_state.store.revision() && m_filter == m_state.categoryFilter) return false;
+    std::vector<std::size_t> places = m_state.filteredProfiles();
     if (showsTheSameRows(places)) {
         // An edit in place: the table keeps its selection and scroll position by itself.
         assign(std::move(places));
@@ -87,7 +87,7 @@ bool ProfileTableModel::refresh() {
 bool ProfileTableModel::showsTheSameRows(const std::vector<std::size_t>& places) const {
     if (places.size() != m_ids.size()) return false;
     for (std::size_t row = 0; row < places.size(); ++row)
-        if (m_view.store.profiles()[places[row]].id != m_ids[row]) return false;
+        if (m_state.store.profiles()[places[row]].id != m_ids[row]) return false;
     return true;
 }
 
@@ -96,16 +96,16 @@ void ProfileTableModel::assign(std::vector<std::size_t> places) {
     m_ids.clear();
     m_ids.reserve(m_places.size());
     for (const std::size_t place : m_places)
-        m_ids.push_back(m_view.store.profiles()[place].id);
-    m_revision = m_view.store.revision();
-    m_filter = m_view.categoryFilter;
+        m_ids.push_back(m_state.store.profiles()[place].id);
+    m_revision = m_state.store.revision();
+    m_filter = m_state.categoryFilter;
 }
 
 const SSHProfile* ProfileTableModel::profileAt(int row) const {
     if (row < 0 || row >= rowCount()) return nullptr;
     // The store may have moved on; the next refresh follows it.
     const std::size_t place = m_places[static_cast<std::size_t>(row)];
-    const std::vector<SSHProfile>& profiles = m_view.store.profiles();
+    const std::vector<SSHProfile>& profiles = m_state.store.profiles();
     return place < profiles.size() ? &profiles[place] : nullptr;
 }
 

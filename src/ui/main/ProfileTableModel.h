@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/main/CategoryFilter.h"
-#include "ui/main/ContentView.h"
+#include "state/CategoryFilter.h"
+#include "state/ContentView.h"
 
 #include <QAbstractTableModel>
 #include <QFont>
@@ -22,7 +22,7 @@ public:
     // A text as it is written, where the shown one is one line of it. Empty for other cells.
     static constexpr int kWrittenText = Qt::UserRole;
 
-    explicit ProfileTableModel(const ContentView& view, QObject* parent = nullptr);
+    explicit ProfileTableModel(const ContentView& state, QObject* parent = nullptr);
 
     // Takes over what changed since the last call. Answers whether rows came, went or moved, in
     // which case the model was reset and whoever shows it has lost its selection.
@@ -44,7 +44,7 @@ private:
     [[nodiscard]] bool showsTheSameRows(const std::vector<std::size_t>& places) const;
     void assign(std::vector<std::size_t> places);
 
-    const ContentView& m_view;
+    const ContentView& m_state;
     std::vector<std::size_t> m_places; // in the store's list, by row
     std::vector<Uuid> m_ids;           // by row
     std::uint64_t m_revision = 0;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/SnippetList.h"
 
-#include "actions/CommandExpansion.h"
-#include "ui/main/SnippetListAccess.h"
+#include "model/CommandSnippet.h"
+#include "ui/main/SnippetListAccessibility.h"
 #include "ui/main/SnippetRow.h"
 
 #include <QAccessible>
@@ -23,9 +23,9 @@ constexpr int kScrollStep = 24;
 
 } // namespace
 
-SnippetList::SnippetList(ContentView& view, QWidget* parent)
-    : QAbstractScrollArea(parent), m_view(view) {
-    installSnippetListAccess();
+SnippetList::SnippetList(ContentView& state, QWidget* parent)
+    : QAbstractScrollArea(parent), m_state(state) {
+    installSnippetListAccessibility();
     setObjectName(u"commands"_s);
     setAccessibleName(u"Befehle"_s);
     setFocusPolicy(Qt::StrongFocus);
@@ -37,17 +37,17 @@ SnippetList::SnippetList(ContentView& view, QWidget* parent)
 
 SnippetList::~SnippetList() = default;
 
-bool SnippetList::isUpToDate() const { return m_shown.revision == m_view.snippetStore.revision(); }
+bool SnippetList::isUpToDate() const { return m_shown.revision == m_state.snippetStore.revision(); }
 
 bool SnippetList::isLaidOut() const { return m_hasPlaces && isUpToDate(); }
 
 void SnippetList::refresh() {
-    Shown wanted{m_view.snippetStore.revision(), m_view.snippetSearch, std::nullopt};
-    if (const SSHProfile* profile = m_view.selectedProfile()) wanted.profile = *profile;
+    Shown wanted{m_state.snippetStore.revision(), m_state.snippetSearch, std::nullopt};
+    if (const SSHProfile* profile = m_state.selectedProfile()) wanted.profile = *profile;
     if (m_shown == wanted) return;
     const bool isSameSearch = m_shown.search == wanted.search;
     m_shown = std::move(wanted);
-    m_snippets = m_view.filteredSnippets();
+    m_snippets = m_state.filteredSnippets();
     const std::size_t last = m_snippets.empty() ? 0 : m_snippets.size() - 1;
     m_current = isSameSearch ? std::min(m_current, last) : 0;
     layOut();
@@ -64,7 +64,7 @@ void SnippetList::layOut() {
         m_heightsRevision = kNoRevision;
     }
     if (m_heightsRevision != m_shown.revision) {
-        m_heightsWithoutCommand.assign(m_view.snippetStore.snippets().size(), 0);
+        m_heightsWithoutCommand.assign(m_state.snippetStore.snippets().size(), 0);
         m_heightsRevision = m_shown.revision;
     }
     CommandExpansion expansion(m_shown.profile ? &*m_shown.profile : nullptr);
@@ -78,7 +78,7 @@ void SnippetList::layOut() {
 }
 
 int SnippetList::heightWithoutCommand(const CommandSnippet& snippet) {
-    const auto place = static_cast<std::size_t>(&snippet - m_view.snippetStore.snippets().data());
+    const auto place = static_cast<std::size_t>(&snippet - m_state.snippetStore.snippets().data());
     std::uint16_t& height = m_heightsWithoutCommand[place];
     if (height == 0) height = static_cast<std::uint16_t>(m_metrics->heightWithoutCommand(snippet));
     return height;
@@ -149,7 +149,7 @@ SnippetRow* SnippetList::takeSpareRow() {
         m_spareRows.pop_back();
         return row;
     }
-    auto* row = new SnippetRow(m_view, viewport());
+    auto* row = new SnippetRow(m_state, viewport());
     // The keyboard goes on from where the pointer was.
     connect(row, &SnippetRow::pressed, this, [this, row] {
         const auto shown = std::ranges::find(m_rows, row, &decltype(m_rows)::value_type::second);
@@ -224,7 +224,7 @@ void SnippetList::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Enter:
     case Qt::Key_Space:
         if (isUpToDate() && m_current < m_snippets.size())
-            m_view.copySnippet(*m_snippets[m_current]);
+            m_state.copySnippet(*m_snippets[m_current]);
         return;
     default: QAbstractScrollArea::keyPressEvent(event);
     }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/main/ContentView.h"
+#include "state/ContentView.h"
 
 #include <QAbstractScrollArea>
 #include <cstdint>
@@ -25,7 +25,7 @@ class SnippetList final : public QAbstractScrollArea {
     Q_OBJECT
 
 public:
-    explicit SnippetList(ContentView& view, QWidget* parent = nullptr);
+    explicit SnippetList(ContentView& state, QWidget* parent = nullptr);
     ~SnippetList() override;
 
     void refresh();
@@ -78,7 +78,7 @@ private:
     [[nodiscard]] bool isUpToDate() const;
     [[nodiscard]] bool isLaidOut() const; // and every row has its place
 
-    ContentView& m_view;
+    ContentView& m_state;
     Shown m_shown;
     std::vector<const CommandSnippet*> m_snippets; // valid while isUpToDate()
     std::unique_ptr<SnippetRowMetrics> m_metrics;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/SnippetRow.h"
 
-#include "platform/desktop/QtText.h"
+#include "desktop/QtText.h"
 #include "ui/style/Controls.h"
 #include "ui/style/Drawing.h"
 #include "ui/style/Lines.h"
@@ -141,8 +141,8 @@ int SnippetRowMetrics::heightWithoutCommand(const CommandSnippet& snippet) const
     return 2 * kPadding + titleHeight(snippet) + kLineSpacing + hint;
 }
 
-SnippetRow::SnippetRow(ContentView& view, QWidget* parent)
-    : QWidget(parent), m_view(view),
+SnippetRow::SnippetRow(ContentView& state, QWidget* parent)
+    : QWidget(parent), m_state(state),
       m_title(
           new ElidedLabel(TextStyle::subheadline, SemanticColor::primary, kMostOtherLines, this)),
       m_command(
@@ -159,9 +159,9 @@ SnippetRow::SnippetRow(ContentView& view, QWidget* parent)
     m_editButton->setParent(this);
     m_deleteButton->setParent(this);
     connect(m_copyButton, &QPushButton::clicked, this, &SnippetRow::copy);
-    connect(m_editButton, &QToolButton::clicked, this, [this] { m_view.editSnippet(m_snippet); });
+    connect(m_editButton, &QToolButton::clicked, this, [this] { m_state.editSnippet(m_snippet); });
     connect(m_deleteButton, &QToolButton::clicked, this,
-            [this] { m_view.requestDeleteSnippet(m_snippet); });
+            [this] { m_state.requestDeleteSnippet(m_snippet); });
     connect(m_copyButton, &QPushButton::pressed, this, &SnippetRow::pressed);
     connect(m_editButton, &QToolButton::pressed, this, &SnippetRow::pressed);
     connect(m_deleteButton, &QToolButton::pressed, this, &SnippetRow::pressed);
@@ -258,7 +258,7 @@ void SnippetRow::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) copy();
 }
 
-void SnippetRow::copy() { m_view.copySnippet(m_snippet); }
+void SnippetRow::copy() { m_state.copySnippet(m_snippet); }
 
 void SnippetRow::paintEvent(QPaintEvent*) {
     QPainter painter(this);

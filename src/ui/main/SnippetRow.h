@@ -2,7 +2,7 @@
 #pragma once
 
 #include "model/CommandSnippet.h"
-#include "ui/main/ContentView.h"
+#include "state/ContentView.h"
 
 #include <QFont>
 #include <QWidget>
@@ -72,7 +72,7 @@ class SnippetRow final : public QWidget {
     Q_OBJECT
 
 public:
-    explicit SnippetRow(ContentView& view, QWidget* parent);
+    explicit SnippetRow(ContentView& state, QWidget* parent);
 
     // Shows `snippet`, expanded for `profile`.
     void show(const CommandSnippet& snippet, const SSHProfile* profile,
@@ -109,7 +109,7 @@ private:
     void place(const SnippetRowMetrics& metrics, int commandHeight);
     void setPressed(bool isPressed);
 
-    ContentView& m_view;
+    ContentView& m_state;
     CommandSnippet m_snippet;
     ElidedLabel* m_title;
     ElidedLabel* m_command;

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/Toast.h"
 
-#include "platform/desktop/QtText.h"
+#include "desktop/QtText.h"
+#include "ui/style/Announcement.h"
 #include "ui/style/Controls.h"
 #include "ui/style/Drawing.h"
 #include "ui/style/KorvanStyle.h"
 #include "ui/style/Lines.h"
-#include "ui/style/Notice.h"
 #include "ui/style/Symbols.h"
 #include "ui/style/UserText.h"
 
@@ -31,11 +31,11 @@ constexpr float kBackgroundOpacity = 0.94F;
 
 } // namespace
 
-Toast::Toast(ContentView& view, QWidget* parent)
-    : QWidget(parent), m_view(view), m_symbol(new QLabel), m_text(new ElidedLabel) {
+Toast::Toast(ContentView& state, QWidget* parent)
+    : QWidget(parent), m_state(state), m_symbol(new QLabel), m_text(new ElidedLabel) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFocusPolicy(Qt::NoFocus);
-    makeNotice(*this);
+    makeAnnouncer(*this);
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(kShadow + kSidePadding, kShadow + kTopPadding,
                                kShadow + kSidePadding, kShadow + kTopPadding);
@@ -55,12 +55,12 @@ Toast::Toast(ContentView& view, QWidget* parent)
 }
 
 void Toast::refresh() {
-    const QString text = onOneLine(toQString("In Zwischenablage: " + *m_view.lastCopiedText));
-    const bool isNews = m_view.showCopiedToast && (!m_isShown || m_text->text() != text);
-    if (m_view.showCopiedToast) m_text->setText(text);
+    const QString text = onOneLine(toQString("In Zwischenablage: " + *m_state.lastCopiedText));
+    const bool isNews = m_state.showCopiedToast && (!m_isShown || m_text->text() != text);
+    if (m_state.showCopiedToast) m_text->setText(text);
     if (isNews) announce(*this, text);
-    if (m_isShown != m_view.showCopiedToast) {
-        m_isShown = m_view.showCopiedToast;
+    if (m_isShown != m_state.showCopiedToast) {
+        m_isShown = m_state.showCopiedToast;
         fadeTo(m_isShown ? 1 : 0);
     }
     if (!isNews) return;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/main/ContentView.h"
+#include "state/ContentView.h"
 
 #include <QVariantAnimation>
 #include <QWidget>
@@ -18,7 +18,7 @@ class Toast final : public QWidget {
     Q_OBJECT
 
 public:
-    Toast(ContentView& view, QWidget* parent);
+    Toast(ContentView& state, QWidget* parent);
 
     void refresh();
 
@@ -32,7 +32,7 @@ private:
     void place();
     void tintSymbol();
 
-    ContentView& m_view;
+    ContentView& m_state;
     QLabel* m_symbol;
     ElidedLabel* m_text;
     QVariantAnimation m_fade;
