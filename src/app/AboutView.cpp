@@ -3,9 +3,9 @@
 
 #include "app/VersionText.h"
 #include "desktop/QtText.h"
+#include "ui/style/Accessibility.h"
 #include "ui/style/Controls.h"
 #include "ui/style/Drawing.h"
-#include "ui/style/SheetTitle.h"
 #include "ui/style/Symbols.h"
 
 #include <QHBoxLayout>

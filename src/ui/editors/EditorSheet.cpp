@@ -2,9 +2,8 @@
 #include "ui/editors/EditorSheet.h"
 
 #include "desktop/QtText.h"
-#include "ui/style/Announcement.h"
+#include "ui/style/Accessibility.h"
 #include "ui/style/Controls.h"
-#include "ui/style/SheetTitle.h"
 
 #include <QComboBox>
 #include <QFormLayout>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/AlertSheet.h"
 
+#include "ui/style/Accessibility.h"
 #include "ui/style/Controls.h"
-#include "ui/style/SheetTitle.h"
 
 #include <QApplication>
 #include <QHBoxLayout>

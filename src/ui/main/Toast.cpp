@@ -2,7 +2,7 @@
 #include "ui/main/Toast.h"
 
 #include "desktop/QtText.h"
-#include "ui/style/Announcement.h"
+#include "ui/style/Accessibility.h"
 #include "ui/style/Controls.h"
 #include "ui/style/Drawing.h"
 #include "ui/style/KorvanStyle.h"

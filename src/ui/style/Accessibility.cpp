@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "ui/style/Announcement.h"
+#include "ui/style/Accessibility.h"
 
 #include <QAccessibleWidget>
-#include <QWidget>
+#include <QDialog>
 
 namespace korvan {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -18,15 +20,21 @@ QAccessibleInterface* makeInterface(const QString&, QObject* object) {
 
 } // namespace
 
-void makeAnnouncer(QWidget& widget) {
-    widget.setProperty(kIsAnnouncer, true);
-    QAccessible::installFactory(makeInterface); // once, however often it is asked
+void setSheetTitle(QDialog& sheet, const QString& title) {
+    sheet.setWindowTitle(u"Korvan"_s);
+    sheet.setWindowRole(title);
+    sheet.setAccessibleName(title);
 }
 
-// Screen readers speak a notification when it is shown. Qt 6.4 does not pass Alert on to them.
+void makeAnnouncer(QWidget& widget) {
+    widget.setProperty(kIsAnnouncer, true);
+    QAccessible::installFactory(makeInterface); // the toolkit ignores a second call
+}
+
+// Screen readers speak a notification when it is shown. Qt 6.4 does not pass on Alert events.
 void announce(QWidget& announcer, const QString& text) {
     announcer.setAccessibleName(text);
-    if (!announcer.isVisible()) return; // it is spoken as soon as it is
+    if (!announcer.isVisible()) return;
     QAccessibleEvent shown(&announcer, QAccessible::ObjectShow);
     QAccessible::updateAccessibility(&shown);
 }
