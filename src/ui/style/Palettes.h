@@ -3,19 +3,20 @@
 
 #include <QPalette>
 
-// The palettes of our own, and what we mend in those of the desktops.
+// The palettes of our own, and the corrections to those of the desktops.
 namespace korvan {
 
 [[nodiscard]] QPalette lightPalette();
 [[nodiscard]] QPalette darkPalette();
-// For who asks for more contrast: white or black, and all that is on it.
+// For users who ask for more contrast: black on white, and white on black.
 [[nodiscard]] QPalette lightHighContrastPalette();
 [[nodiscard]] QPalette darkHighContrastPalette();
 
-// Tells lists from the window around them where the palette does not.
+// Gives lists another colour than the window, where the palette has the same for both.
 void addDepth(QPalette& palette);
 
-// In a palette of high contrast, lets nothing that is disabled vanish, nor a field's placeholder.
+// In a palette of high contrast, makes disabled texts and placeholders visible. Leaves other
+// palettes unchanged.
 void keepVisible(QPalette& palette);
 
 } // namespace korvan
