@@ -4,7 +4,6 @@
 #include "desktop/QtText.h"
 #include "ui/style/Controls.h"
 #include "ui/style/Drawing.h"
-#include "ui/style/Lines.h"
 
 #include <QLineEdit>
 #include <QPainter>

@@ -2,7 +2,7 @@
 #include "ui/main/HeaderBar.h"
 
 #include "ui/style/Controls.h"
-#include "ui/style/Lines.h"
+#include "ui/style/Drawing.h"
 
 #include <QEvent>
 #include <QHBoxLayout>

@@ -6,7 +6,6 @@
 #include "ui/style/Controls.h"
 #include "ui/style/Drawing.h"
 #include "ui/style/KorvanStyle.h"
-#include "ui/style/Lines.h"
 #include "ui/style/Symbols.h"
 #include "ui/style/UserText.h"
 

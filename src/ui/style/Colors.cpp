@@ -11,9 +11,9 @@ namespace korvan {
 namespace {
 
 constexpr double kReadable = 4.5;
-constexpr double kVisible = 3; // of what is no text, and of what is disabled
+constexpr double kVisible = 3; // for shapes, disabled text and text on the accent
 constexpr double kHighlyReadable = 7;
-constexpr int kSteps = 7; // of a bisection: to a hundredth
+constexpr int kSteps = 7; // of a bisection, to within a hundredth
 
 double luminance(const QColor& color) {
     const auto linear = [](double part) {
@@ -29,8 +29,8 @@ double contrastOf(double luminance, double other) {
 }
 
 // The grounds that text stands on, and the contrast that it needs there: windows, lists with their
-// alternate rows, and the wash behind a marked row. Their luminances are kept, since many a colour
-// is tried on them.
+// alternate rows, and the wash behind a marked row. Keeps their luminances, since many colours are
+// tried.
 class Grounds final {
 public:
     Grounds(const QPalette& palette, double needed) : m_needed(needed) {
@@ -42,17 +42,16 @@ public:
 
     void add(const QColor& ground) { m_luminances.push_back(luminance(ground)); }
 
-    // The least contrast that text of this colour meets.
+    // The contrast of this colour on the least favourable ground.
     [[nodiscard]] double leastContrast(const QColor& color) const {
         const double own = luminance(color);
         double least = 21;
-        for (const double ground : m_luminances) {
+        for (const double ground : m_luminances)
             least = std::min(least, contrastOf(own, ground));
-        }
         return least;
     }
 
-    [[nodiscard]] bool letRead(const QColor& color) const {
+    [[nodiscard]] bool areReadableWith(const QColor& color) const {
         return leastContrast(color) >= m_needed;
     }
 
@@ -67,20 +66,21 @@ QColor blackOrWhite(const Grounds& grounds) {
     return grounds.leastContrast(black) >= grounds.leastContrast(white) ? black : white;
 }
 
-// The colour as near to `far` as stays readable, on the way there from `near`, which is readable.
+// The mixture of both colours that is as near to `far` as it can be and still be read. `near` can
+// be read.
 QColor furthestReadable(const QColor& near, const QColor& far, const Grounds& grounds) {
     double good = 0;
     double bad = 1;
     for (int step = 0; step < kSteps; ++step) {
         const double middle = (good + bad) / 2;
-        (grounds.letRead(mixed(near, far, middle)) ? good : bad) = middle;
+        (grounds.areReadableWith(mixed(near, far, middle)) ? good : bad) = middle;
     }
     return mixed(near, far, good);
 }
 
 QColor readableText(const QPalette& palette, const Grounds& grounds) {
     const auto text = palette.color(QPalette::WindowText);
-    return grounds.letRead(text) ? text : blackOrWhite(grounds);
+    return grounds.areReadableWith(text) ? text : blackOrWhite(grounds);
 }
 
 QColor secondaryText(const QPalette& palette) {
@@ -93,11 +93,11 @@ QColor focusRing(const QPalette& palette) {
     Grounds grounds(palette, kVisible);
     grounds.add(palette.color(QPalette::Button));
     const auto accent = palette.color(QPalette::Active, QPalette::Highlight);
-    if (grounds.letRead(accent)) return accent;
+    if (grounds.areReadableWith(accent)) return accent;
     return furthestReadable(readableText(palette, grounds), accent, grounds);
 }
 
-// A line in the text's colour, as strong as the palette's other contrasts.
+// A line's colour: a share of the text's colour, which is larger in a palette of high contrast.
 QColor lineColor(const QPalette& palette, double share, double highContrastShare) {
     return mixed(palette.color(QPalette::Window),
                  palette.color(QPalette::Active, QPalette::WindowText),
@@ -128,10 +128,9 @@ QColor colorFor(SemanticColor color, const QPalette& palette) {
     const bool followsItsGroup = color == SemanticColor::primary ||
                                  color == SemanticColor::separator ||
                                  color == SemanticColor::border;
-    if (followsItsGroup || palette.currentColorGroup() != QPalette::Disabled) {
+    if (followsItsGroup || palette.currentColorGroup() != QPalette::Disabled)
         return enabledColor(color, palette);
-    }
-    // The accent of a disabled group is grey on many desktops; what is pale keeps its hue here.
+    // Many desktops have a grey accent in the disabled group. Here a pale colour keeps its hue.
     auto active = palette;
     active.setCurrentColorGroup(QPalette::Active);
     const auto pale = mixed(enabledColor(color, active), active.color(QPalette::Window), 0.6);
@@ -164,8 +163,14 @@ double contrast(const QColor& first, const QColor& second) {
 
 QColor readable(const QColor& color, const QPalette& palette, double leastContrast) {
     const Grounds grounds(palette, leastContrast);
-    if (grounds.letRead(color)) return color;
+    if (grounds.areReadableWith(color)) return color;
     return furthestReadable(readableText(palette, grounds), color, grounds);
+}
+
+QColor textOn(const QColor& fill, const QPalette& palette) {
+    const auto text = palette.color(QPalette::HighlightedText);
+    if (contrast(text, fill) >= kVisible) return text;
+    return contrast(Qt::white, fill) > contrast(Qt::black, fill) ? Qt::white : Qt::black;
 }
 
 } // namespace korvan

@@ -1,18 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "ui/style/Controls.h"
 
-#include "ui/style/Lines.h"
+#include "ui/style/Drawing.h"
 #include "ui/style/Symbols.h"
 
 #include <QApplication>
 #include <QEvent>
-#include <QFontMetrics>
 #include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QToolTip>
-#include <QVariant>
-#include <algorithm>
 
 namespace korvan {
 
@@ -25,11 +22,10 @@ class Separator final : public QWidget {
 public:
     explicit Separator(Qt::Orientation orientation)
         : m_edge(orientation == Qt::Horizontal ? Qt::BottomEdge : Qt::RightEdge) {
-        if (orientation == Qt::Horizontal) {
+        if (orientation == Qt::Horizontal)
             setFixedHeight(1);
-        } else {
+        else
             setFixedWidth(1);
-        }
     }
 
 protected:
@@ -70,7 +66,8 @@ private:
 Label::Label(const QString& text, TextStyle style, SemanticColor color, QWidget* parent)
     : QLabel(text, parent), m_style(style), m_color(color) {
     setTextFormat(Qt::PlainText);
-    // The role that recolor sets; inside of a list it would be another one otherwise.
+    // Also inside of a list, where a label would have another role. This is the one that recolor
+    // sets.
     setForegroundRole(QPalette::WindowText);
     restyle();
     recolor();
@@ -86,7 +83,7 @@ void Label::setDesign(FontDesign design) {
     restyle();
 }
 
-// Not by changeEvent, which hears nothing of the application's font.
+// Not in changeEvent, which is not called when the application's font changes.
 bool Label::event(QEvent* event) {
     if (event->type() == QEvent::ApplicationFontChange) restyle();
     if (event->type() == QEvent::PaletteChange) recolor();
@@ -99,30 +96,27 @@ void Label::restyle() {
     setFont(font);
 }
 
-// From the application's palette, since the parent's may be the older one yet: a change reaches the
-// widgets in no order. Setting a palette reports a change of it, which comes back here: only a
-// difference is set.
+// Uses the application's palette, since the parent may not have it yet: a change reaches the
+// widgets in no fixed order. Setting the label's palette leads back here, so it is set only if it
+// differs.
 void Label::recolor() {
     if (m_color == SemanticColor::primary) return;
     auto surroundings = QApplication::palette();
     QPalette own;
+    bool differs = false;
     for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
         surroundings.setCurrentColorGroup(group);
-        own.setColor(group, QPalette::WindowText, colorFor(m_color, surroundings));
+        const QColor color = colorFor(m_color, surroundings);
+        own.setColor(group, QPalette::WindowText, color);
+        differs |= palette().color(group, QPalette::WindowText) != color;
     }
-    const auto isSet = [this, &own](QPalette::ColorGroup group) {
-        return palette().color(group, QPalette::WindowText) ==
-               own.color(group, QPalette::WindowText);
-    };
-    if (!isSet(QPalette::Active) || !isSet(QPalette::Inactive) || !isSet(QPalette::Disabled)) {
-        setPalette(own);
-    }
+    if (differs) setPalette(own);
 }
 
 ElidedLabel::ElidedLabel(TextStyle style, SemanticColor color, int lines, QWidget* parent)
     : Label({}, style, color, parent), m_lines(lines) {
-    // A fixed height would be that of the hint, which knows no width. The base class asks for a
-    // height by width where it wraps, and only there.
+    // The height of several lines depends on the width. The base class tells layouts so only with
+    // word wrap.
     setSizePolicy(QSizePolicy::Preferred, lines > 1 ? QSizePolicy::Preferred : QSizePolicy::Fixed);
     setWordWrap(lines > 1);
 }
@@ -143,7 +137,7 @@ int ElidedLabel::heightForWidth(int width) const {
 
 bool ElidedLabel::event(QEvent* event) {
     if (event->type() == QEvent::ToolTip && toolTip().isEmpty() && shown(width()).isCut) {
-        // Of what is copied, each character counts: it stays in a font that tells them apart.
+        // Code keeps its font, which shows the difference between similar characters.
         const auto isCode = design() == FontDesign::monospaced;
         showToolTip(static_cast<QHelpEvent*>(event)->globalPos(), text(),
                     isCode ? font() : QToolTip::font(), *this, rect());
@@ -199,6 +193,8 @@ QToolButton* makeSymbolButton(const QString& symbolIdentifier, const QString& to
     return button;
 }
 
+QWidget* makeSeparator(Qt::Orientation orientation) { return new Separator(orientation); }
+
 SemanticColor buttonColor(const QWidget& button) {
     return static_cast<SemanticColor>(button.property(kButtonColor).toInt());
 }
@@ -209,7 +205,5 @@ void setInvalid(QWidget& field, bool isInvalid) {
 }
 
 bool isInvalid(const QObject* field) { return field && field->property(kIsInvalid).toBool(); }
-
-QWidget* makeSeparator(Qt::Orientation orientation) { return new Separator(orientation); }
 
 } // namespace korvan

@@ -12,8 +12,7 @@
 
 namespace korvan {
 
-// A text in one of our styles and colours; follows the application's palette and
-// font.
+// A plain text in one of our styles and colours. Follows the application's palette and font.
 class Label : public QLabel {
     Q_OBJECT
 
@@ -21,12 +20,11 @@ public:
     explicit Label(const QString& text, TextStyle style = TextStyle::body,
                    SemanticColor color = SemanticColor::primary, QWidget* parent = nullptr);
 
-    // Bold whatever the style says.
     void setBold();
     void setDesign(FontDesign design);
-    [[nodiscard]] FontDesign design() const { return m_design; }
 
 protected:
+    [[nodiscard]] FontDesign design() const { return m_design; }
     bool event(QEvent* event) override;
 
 private:
@@ -39,9 +37,9 @@ private:
     bool m_isBold = false;
 };
 
-// A text of at most `lines` lines, and as high as those that it needs; what does not fit ends in an
-// ellipsis. It never forces a window wider. A screen reader reads the whole text, and so does a
-// pointer that rests on a text that was cut.
+// A text of at most `lines` lines, as high as those that it needs. A text that does not fit ends in
+// an ellipsis and is shown whole in a tooltip. Screen readers always get the whole text. The label
+// never widens its window.
 class ElidedLabel final : public Label {
     Q_OBJECT
 
@@ -64,31 +62,34 @@ private:
     int m_lines;
 };
 
-// `widget` has a font in one of our styles from now on, also after the desktop's font has changed.
+// Gives `widget` a font in one of our styles. The font follows the desktop's from then on.
 void setTextStyle(QWidget& widget, TextStyle style, FontDesign design = FontDesign::standard);
 
-// A push button that shows a symbol and then its label. `color` is that of both.
+// Each make... function returns a new widget without a parent. Add it to a layout of a widget,
+// which then owns it.
+
+// A push button with a symbol before its label, both in `color`.
 [[nodiscard]] QPushButton* makeButton(const QString& symbolIdentifier, const QString& label,
                                       SemanticColor color = SemanticColor::primary);
 
-// A push button whose label is red. Never a dialog's default button, so it has no fill of its own.
+// A push button with a red label. Do not make it a dialog's default button, which is filled.
 [[nodiscard]] QPushButton* makeDestructiveButton(const QString& label);
 
-// A button drawn as a link: its label alone, in the accent colour.
+// A flat button that looks like a link: only its label, in the accent colour.
 [[nodiscard]] QPushButton* makeLinkButton(const QString& label);
 
-// A button that shows a symbol alone. Its tooltip is its accessible name, too.
+// A flat button that shows only a symbol. The tooltip is also its accessible name.
 [[nodiscard]] QToolButton* makeSymbolButton(const QString& symbolIdentifier, const QString& tooltip,
                                             SemanticColor color = SemanticColor::primary);
 
-// The colour of a button's label, as its maker set it. KorvanStyle draws by it.
-[[nodiscard]] SemanticColor buttonColor(const QWidget& button);
-
-// Marks a field whose content is refused: it is drawn with a red border from now on, or no longer.
-void setInvalid(QWidget& field, bool isInvalid);
-[[nodiscard]] bool isInvalid(const QObject* field);
-
 // A line between two regions, one logical pixel thick.
 [[nodiscard]] QWidget* makeSeparator(Qt::Orientation orientation);
+
+// The colour of a button's label, as set by the functions above. KorvanStyle asks for it.
+[[nodiscard]] SemanticColor buttonColor(const QWidget& button);
+
+// Marks a field whose content is invalid: KorvanStyle draws its border in red.
+void setInvalid(QWidget& field, bool isInvalid);
+[[nodiscard]] bool isInvalid(const QObject* field);
 
 } // namespace korvan

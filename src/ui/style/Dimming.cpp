@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kMilliseconds = 150;
 constexpr double kDarkness = 0.2;
-constexpr double kDarknessOfDark = 0.4; // which has less light to lose
+constexpr double kDarknessOfDark = 0.4; // more, since less would not be seen there
 
 } // namespace
 

@@ -6,15 +6,15 @@
 
 namespace korvan {
 
-// Lies over a window that waits for its sheet, and darkens it, so that the sheet stands off. Comes
-// and goes within a moment, or at once where nothing should move. The window owns it.
+// Darkens a window that waits for its sheet, so that the sheet stands out. Lies over the window,
+// which owns it, and fades in and out, or appears at once where motion is reduced.
 class Dimming final : public QWidget {
     Q_OBJECT
 
 public:
     enum class State { dimmed, clear };
 
-    // Makes one for the window when it is first needed.
+    // Dims the window or makes it clear again.
     static void set(QWidget& window, State state);
 
     bool eventFilter(QObject* window, QEvent* event) override;

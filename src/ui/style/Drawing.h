@@ -2,83 +2,76 @@
 #pragma once
 
 #include <QPainterPath>
-#include <QRect>
-#include <QStyleOption>
+#include <QPalette>
+#include <QRectF>
 
+class QColor;
 class QPainter;
 class QWidget;
 
-// How the parts of controls look, each from its option's palette and state. KorvanStyle calls them.
+// What the controls of KorvanStyle and the widgets that draw themselves have in common: lines,
+// rectangles with round corners, the ring of keyboard focus, and the shadow and wash below a text.
+//
+// All lengths are in logical pixels. A line is a whole number of device pixels thick and begins at
+// one, also at scales such as 1.25 and 1.5, so that lines look alike and none is blurred. This
+// holds for painters that move and scale, but do not rotate.
 namespace korvan {
 
-// A rectangle with round corners, for widgets that draw themselves. Its sides bend into the corners
-// little by little, where those of an arc of the same radius begin with a jump.
-[[nodiscard]] QPainterPath smoothRectangle(const QRectF& rect, double radius);
-
-// The radii of controls, and of rows and what else is small.
+// The radii of controls, and of rows and other small things.
 constexpr double kRadius = 6;
 constexpr double kSmallRadius = 4;
 
-// Whether `widget` shows that it has the keyboard: only where the user works by keyboard. Fields
-// that are typed into show it always, and do not ask.
+// Saves the painter's state, turns on antialiasing, and restores the state at the end of the scope.
+class PainterState final {
+public:
+    explicit PainterState(QPainter& painter);
+    ~PainterState();
+    PainterState(const PainterState&) = delete;
+    PainterState& operator=(const PainterState&) = delete;
+
+private:
+    QPainter& m_painter;
+};
+
+// The thickness that a line of so many logical pixels is drawn with: rounded down to whole device
+// pixels, and one of them at least.
+[[nodiscard]] double lineWidth(const QPainter& painter, double logicalPixels = 1);
+
+// `rect` with each side moved to the nearest device pixel. Rectangles that touch still do.
+[[nodiscard]] QRectF onPixels(const QPainter& painter, const QRectF& rect);
+
+// Draws a line of one logical pixel inside of `rect`, along that edge.
+void drawLine(QPainter& painter, const QRectF& rect, Qt::Edge edge, const QColor& color);
+
+// Draws a rectangle with round corners. An invalid colour leaves out the fill or the border, which
+// is a line inside of `rect`.
+void drawRounded(QPainter& painter, const QRectF& rect, const QColor& fill, const QColor& border,
+                 double radius = kRadius);
+
+// A rectangle whose sides bend into the round corners gradually. With plain arcs the bend begins
+// abruptly.
+[[nodiscard]] QPainterPath smoothRectangle(const QRectF& rect, double radius);
+
+// Whether `widget` has the keyboard focus and should show that: only while the user works with the
+// keyboard. Text fields always show their focus, without asking here.
 [[nodiscard]] bool showsKeyboardFocus(const QWidget& widget);
 
-// The one ring of keyboard focus, two logical pixels, just inside of `rect`. On a selected row it
-// has the colour of that row's text.
+// Draws the ring of keyboard focus, two logical pixels thick, inside of `rect`. On a selected row
+// it has the colour of the row's text.
 enum class RingGround { plain, selection };
 void drawFocusRing(QPainter& painter, const QRect& rect, const QPalette& palette,
                    double radius = kRadius, RingGround ground = RingGround::plain);
 
-// What makes `body`, a round rectangle, stand off from what it lies on. Needs kShadow around it.
+// Draws the shadow around `body`, a rectangle with round corners. The caller leaves kShadow of room
+// on each side.
 constexpr int kShadow = 14;
 void drawShadow(QPainter& painter, const QRectF& body, double radius, const QPalette& palette);
 
-// How a row that can be clicked answers to the pointer: it takes on the colour of its text. In a
-// table with alternating rows a fainter wash does.
+// How a row that can be clicked reacts to the pointer: with a wash, a transparent layer of its
+// text's colour. The wash is fainter in a table with alternating rows.
 enum class Wash { none, hovered, hoveredInTable, pressed };
 [[nodiscard]] QColor washColor(const QPalette& palette, Wash wash);
-// The wash over all of `rect`, with small round corners. Below the row's text.
+// Draws the wash over all of `rect`, with small round corners. Call this before drawing the text.
 void drawRowWash(QPainter& painter, const QRect& rect, const QPalette& palette, Wash wash);
-
-void drawPushButtonPanel(QPainter& painter, const QStyleOptionButton& button);
-void drawPushButtonLabel(QPainter& painter, const QStyleOptionButton& button,
-                         const QWidget* widget);
-void drawToolButtonPanel(QPainter& painter, const QStyleOption& option);
-void drawComboBox(QPainter& painter, const QStyleOptionComboBox& box, const QRect& arrow);
-
-// What is typed into: the ground of a line edit and the frame of a text edit or a list.
-void drawField(QPainter& painter, const QStyleOption& option);
-// The plain frame of a table and of a pop-up list.
-void drawHairlineFrame(QPainter& painter, const QStyleOption& option);
-// A frame that is no more than a line, as those in KDE's file panels.
-[[nodiscard]] bool isRule(const QStyleOptionFrame& frame);
-void drawRule(QPainter& painter, const QStyleOptionFrame& frame);
-
-void drawHeaderSection(QPainter& painter, const QStyleOption& header);
-void drawHeaderLabel(QPainter& painter, const QStyleOptionHeader& header);
-// What stands behind a row's text. In a round frame the selection is round, too.
-void drawItemPanel(QPainter& painter, const QStyleOptionViewItem& item, bool isRound);
-// A row's mark of keyboard focus, which stands on the selection's colour or beside it.
-void drawItemFocus(QPainter& painter, const QStyleOption& option);
-
-// The bar without its buttons: they are left out.
-void drawScrollBar(QPainter& painter, const QStyleOptionSlider& bar, const QRect& slider,
-                   const QWidget* widget);
-// The line of a splitter's handle, on the side where the ground beside it is not the window's.
-void drawSplitterLine(QPainter& painter, const QStyleOption& handle, const QWidget* widget);
-// The ground of a scroll bar and of the corner between two: that of what they scroll.
-[[nodiscard]] QColor scrollGround(const QPalette& palette, const QWidget* widget);
-
-// The mark of the item in a menu or a menu bar that the pointer is on.
-void drawMenuSelection(QPainter& painter, const QRect& rect, const QPalette& palette);
-// An item of a menu that has a text and nothing before it: no item of that menu has a symbol or can
-// be checked.
-[[nodiscard]] bool isTextItem(const QStyleOptionMenuItem& item);
-void drawTextItem(QPainter& painter, const QStyleOptionMenuItem& item);
-// The ground and the frame of a menu or a tooltip.
-void drawPopupPanel(QPainter& painter, const QStyleOption& option, QPalette::ColorRole ground);
-
-// A chevron in the middle of the option's rectangle.
-void drawArrow(QPainter& painter, const QStyleOption& option, Qt::ArrowType direction);
 
 } // namespace korvan

@@ -9,7 +9,7 @@ namespace korvan {
 
 namespace {
 
-// Held while the pointer clicks, which is no work by keyboard.
+// Modifiers do not count as keyboard work, since they are also held while clicking.
 bool isModifier(int key) {
     return (key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock) || key == Qt::Key_AltGr ||
            key == Qt::Key_Super_L || key == Qt::Key_Super_R;

@@ -5,16 +5,17 @@
 
 namespace korvan {
 
-// Tells whether the user works by keyboard or by pointer: by what was pressed last, a key or a
-// button. Rings of focus are for the keyboard; the style shows them in windows that have the
-// attribute Qt::WA_KeyboardFocusChange. The toolkit sets that with the first Tab and never takes it
-// back; here it follows each press, in all windows.
+// Makes focus rings appear only while the user works with the keyboard.
 //
-// Lives as long as its parent, and watches the whole application.
+// A widget draws its ring only if its window has the attribute Qt::WA_KeyboardFocusChange. The
+// toolkit sets that at the first Tab and never clears it. This class watches the whole application
+// and keeps the attribute of all windows up to date: set after a key press, cleared after a press
+// of a mouse button, a finger or a pen.
 class KeyboardFocus final : public QObject {
     Q_OBJECT
 
 public:
+    // `parent` owns it.
     explicit KeyboardFocus(QObject* parent);
 
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -2,6 +2,7 @@
 #include "ui/style/KorvanStyle.h"
 
 #include "ui/style/Colors.h"
+#include "ui/style/ControlParts.h"
 #include "ui/style/Dimming.h"
 #include "ui/style/Drawing.h"
 #include "ui/style/KeyboardFocus.h"
@@ -22,17 +23,21 @@
 
 namespace korvan {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-// Frames that are drawn round, like a line edit's.
-bool isField(const QWidget* widget) { return qobject_cast<const QAbstractScrollArea*>(widget); }
+// Lists and text edits, whose frame is round like that of a line edit.
+bool isScrollArea(const QWidget* widget) {
+    return qobject_cast<const QAbstractScrollArea*>(widget);
+}
 
 bool isTextEdit(const QWidget* widget) {
     return qobject_cast<const QTextEdit*>(widget) || qobject_cast<const QPlainTextEdit*>(widget);
 }
 
-// A list shows its focus on a row, so that there are never two rings; its frame only where there
-// is none.
+// Whether a list can show its focus on a row. Its frame shows the focus only where there is no row,
+// so that there are never two rings.
 bool hasRow(const QWidget* area) {
     if (const auto* view = qobject_cast<const QAbstractItemView*>(area))
         return view->currentIndex().isValid();
@@ -43,8 +48,7 @@ bool hasRow(const QWidget* area) {
     });
 }
 
-// The frame of a list or a text edit. A text that can only be read stands on the window itself, and
-// has no frame but its ring.
+// The frame of a list or a text edit. A read-only text has no frame, only the focus ring.
 void drawArea(QPainter& painter, const QStyleOption& option, const QWidget* widget) {
     QStyleOption area = option;
     const bool isByKeyboard = option.state.testFlag(QStyle::State_KeyboardFocusChange);
@@ -57,11 +61,11 @@ void drawArea(QPainter& painter, const QStyleOption& option, const QWidget* widg
         drawFocusRing(painter, area.rect, area.palette);
 }
 
-// Where a control asks for a mark of focus beside what it draws itself.
+// Draws the focus ring for controls that do not draw it with their panel.
 void drawFocus(QPainter& painter, const QStyleOption& option, const QWidget* widget) {
     if (!widget) return drawFocusRing(painter, option.rect, option.palette);
-    // The option claims the keyboard for every row; the window knows. In a list that pops up, the
-    // selection is mark enough.
+    // A row's option always says that the user works with the keyboard; only the window knows. A
+    // pop-up list needs no ring, since its selection shows the row.
     const auto* window = widget->window();
     if (!window->testAttribute(Qt::WA_KeyboardFocusChange)) return;
     if (qobject_cast<const QAbstractItemView*>(widget)) {
@@ -75,29 +79,28 @@ void drawFocus(QPainter& painter, const QStyleOption& option, const QWidget* wid
     drawFocusRing(painter, isTool ? widget->rect() : option.rect, option.palette);
 }
 
-// Draws the mark of the item that the pointer is on, and answers the item as it stands on the mark.
+// Draws the mark of the item that the pointer is on. Returns the item without a mark, with its text
+// in the colour that fits on the mark.
 QStyleOptionMenuItem unmarkedItem(const QStyleOptionMenuItem& item, QPainter& painter) {
     auto plain = item;
     if (item.state.testFlag(QStyle::State_Selected) && item.state.testFlag(QStyle::State_Enabled)) {
         drawMenuSelection(painter, item.rect, item.palette);
         const auto text = item.palette.color(QPalette::Active, QPalette::HighlightedText);
-        for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
             plain.palette.setColor(role, text);
-        }
     }
     plain.state &= ~(QStyle::State_Selected | QStyle::State_Sunken);
     return plain;
 }
 
-// Of a new font of the desktop, Qt tells the windows alone. Whatever has a font of its own, taken
-// from the desktop's in another size, would stay as it is.
+// Qt tells only the windows when the desktop's font changes. Widgets that derive their own font
+// from it must be told, too.
 void tellOfFont(const QWidget& window, QEvent& change) {
-    for (auto* widget : window.findChildren<QWidget*>()) {
+    for (auto* widget : window.findChildren<QWidget*>())
         if (!widget->isWindow()) QCoreApplication::sendEvent(widget, &change);
-    }
 }
 
-// Not every desktop draws a frame around a sheet that tells it from the window behind.
+// Not every desktop draws a frame that sets a sheet apart from the window behind it.
 void drawSheetEdge(QWidget& sheet) {
     QPainter painter(&sheet);
     QStyleOption option;
@@ -107,7 +110,7 @@ void drawSheetEdge(QWidget& sheet) {
 
 } // namespace
 
-KorvanStyle::KorvanStyle() : QProxyStyle(QStringLiteral("fusion")), m_font(QApplication::font()) {}
+KorvanStyle::KorvanStyle() : QProxyStyle(u"fusion"_s), m_font(QApplication::font()) {}
 
 void KorvanStyle::polish(QApplication* application) {
     QProxyStyle::polish(application);
@@ -117,12 +120,10 @@ void KorvanStyle::polish(QApplication* application) {
 void KorvanStyle::polish(QWidget* widget) {
     QProxyStyle::polish(widget);
     if (widget->isWindow()) widget->installEventFilter(this);
-    if (auto* header = qobject_cast<QHeaderView*>(widget)) {
+    if (auto* header = qobject_cast<QHeaderView*>(widget))
         header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter); // as the cells below it
-    }
-    if (qobject_cast<QScrollBar*>(widget) || qobject_cast<QComboBox*>(widget)) {
+    if (qobject_cast<QScrollBar*>(widget) || qobject_cast<QComboBox*>(widget))
         widget->setAttribute(Qt::WA_Hover);
-    }
 }
 
 bool KorvanStyle::eventFilter(QObject* watched, QEvent* event) {
@@ -145,43 +146,37 @@ int KorvanStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWi
     switch (hint) {
     case SH_Widget_Animation_Duration:
     case SH_Widget_Animate:
-    case SH_ComboBox_Popup: return 0; // a list below the box, not a menu over it
-    case SH_ComboBox_PopupFrameStyle: return static_cast<int>(QFrame::StyledPanel) | QFrame::Plain;
+    case SH_ComboBox_Popup: // a list below the box, not a menu over it
     case SH_DialogButtonBox_ButtonsHaveIcons:
     case SH_EtchDisabledText: return 0;
-    case SH_ItemView_ShowDecorationSelected: return 1;
-    case SH_Table_GridLineColor:
-        return option ? static_cast<int>(colorFor(SemanticColor::separator, option->palette).rgba())
-                      : QProxyStyle::styleHint(hint, option, widget, data);
     default: return QProxyStyle::styleHint(hint, option, widget, data);
     }
 }
 
 QIcon KorvanStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,
                                 const QWidget* widget) const {
-    // Also spares the start a walk through the desktop's icon theme and the plug-ins for pictures:
-    // each line edit and menu bar asks for its icon when it is made.
+    // Each line edit and menu bar asks for its icon when it is made. Without our own, the program
+    // would search the desktop's icon theme and the image plug-ins at each start.
     switch (icon) {
-    case SP_LineEditClearButton:
-        return symbol(QStringLiteral("xmark.circle.fill"), SemanticColor::secondary);
-    case SP_ToolBarHorizontalExtensionButton: return symbol(QStringLiteral("chevron.right.2"));
-    // Those of the toolkit's own file panel.
+    case SP_LineEditClearButton: return symbol(u"xmark.circle.fill"_s, SemanticColor::secondary);
+    case SP_ToolBarHorizontalExtensionButton: return symbol(u"chevron.right.2"_s);
+    // The rest is for the toolkit's own file panel.
     case SP_ArrowBack:
-    case SP_FileDialogBack: return symbol(QStringLiteral("chevron.left"));
-    case SP_ArrowForward: return symbol(QStringLiteral("chevron.right"));
-    case SP_FileDialogToParent: return symbol(QStringLiteral("arrow.up"));
-    case SP_FileDialogNewFolder: return symbol(QStringLiteral("folder.badge.plus"));
-    case SP_FileDialogListView: return symbol(QStringLiteral("square.grid.2x2"));
-    case SP_FileDialogDetailedView: return symbol(QStringLiteral("list.bullet"));
+    case SP_FileDialogBack: return symbol(u"chevron.left"_s);
+    case SP_ArrowForward: return symbol(u"chevron.right"_s);
+    case SP_FileDialogToParent: return symbol(u"arrow.up"_s);
+    case SP_FileDialogNewFolder: return symbol(u"folder.badge.plus"_s);
+    case SP_FileDialogListView: return symbol(u"square.grid.2x2"_s);
+    case SP_FileDialogDetailedView: return symbol(u"list.bullet"_s);
     case SP_DirIcon:
     case SP_DirOpenIcon:
     case SP_DirClosedIcon:
     case SP_DirLinkIcon:
-    case SP_DirHomeIcon: return symbol(QStringLiteral("folder"));
+    case SP_DirHomeIcon: return symbol(u"folder"_s);
     case SP_FileIcon:
-    case SP_FileLinkIcon: return symbol(QStringLiteral("doc"));
-    case SP_ComputerIcon: return symbol(QStringLiteral("desktopcomputer"));
-    case SP_DriveHDIcon: return symbol(QStringLiteral("internaldrive"));
+    case SP_FileLinkIcon: return symbol(u"doc"_s);
+    case SP_ComputerIcon: return symbol(u"desktopcomputer"_s);
+    case SP_DriveHDIcon: return symbol(u"internaldrive"_s);
     default: return QProxyStyle::standardIcon(icon, option, widget);
     }
 }
@@ -190,13 +185,10 @@ void KorvanStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
                                 QPainter* painter, const QWidget* widget) const {
     switch (element) {
     case PE_PanelButtonCommand:
-        if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option)) {
+        if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option))
             return drawPushButtonPanel(*painter, *button);
-        }
         break;
-    case PE_PanelButtonTool: return drawToolButtonPanel(*painter, *option);
-    case PE_FrameDefaultButton:
-    case PE_FrameStatusBarItem: return;
+    case PE_PanelButtonTool: return drawFlatPanel(*painter, *option);
     case PE_FrameFocusRect: return drawFocus(*painter, *option, widget);
     case PE_PanelLineEdit: {
         const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
@@ -205,12 +197,11 @@ void KorvanStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
     }
     case PE_FrameLineEdit: return drawField(*painter, *option);
     case PE_Frame:
-        return isField(widget) ? drawArea(*painter, *option, widget)
-                               : drawHairlineFrame(*painter, *option);
+        return isScrollArea(widget) ? drawArea(*painter, *option, widget)
+                                    : drawHairlineFrame(*painter, *option);
     case PE_PanelItemViewItem:
-        if (const auto* item = qstyleoption_cast<const QStyleOptionViewItem*>(option)) {
-            return drawItemPanel(*painter, *item, isField(widget));
-        }
+        if (const auto* item = qstyleoption_cast<const QStyleOptionViewItem*>(option))
+            return drawItemPanel(*painter, *item, isScrollArea(widget));
         break;
     case PE_FrameMenu: return;
     case PE_PanelMenu: return drawPopupPanel(*painter, *option, QPalette::Base);
@@ -229,33 +220,30 @@ void KorvanStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
 void KorvanStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                               const QWidget* widget) const {
     switch (element) {
-    case CE_PushButtonBevel: // a flat one has a panel, too: its wash, and its ring
-        if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option)) {
+    case CE_PushButtonBevel: // the toolkit would leave out the panel of a flat button
+        if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option))
             return drawPushButtonPanel(*painter, *button);
-        }
         break;
     case CE_PushButtonLabel:
-        if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option)) {
+        if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option))
             return drawPushButtonLabel(*painter, *button, widget);
-        }
         break;
     case CE_HeaderSection:
     case CE_HeaderEmptyArea: return drawHeaderSection(*painter, *option);
     case CE_HeaderLabel:
-        if (const auto* header = qstyleoption_cast<const QStyleOptionHeader*>(option)) {
+        if (const auto* header = qstyleoption_cast<const QStyleOptionHeader*>(option))
             return drawHeaderLabel(*painter, *header);
-        }
         break;
     case CE_ShapedFrame:
-        if (const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option)) {
-            if (isRule(*frame)) return drawRule(*painter, *frame);
-        }
+        if (const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+            frame && isRule(*frame))
+            return drawRule(*painter, *frame);
         break;
     case CE_Splitter: return drawSplitterLine(*painter, *option, widget);
     case CE_MenuItem:
         if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option)) {
             if (isTextItem(*item)) return drawTextItem(*painter, *item);
-            // Fusion draws all but the mark, as it would an item without one.
+            // Fusion draws the rest.
             const auto plain = unmarkedItem(*item, *painter);
             return QProxyStyle::drawControl(element, &plain, painter, widget);
         }

@@ -8,11 +8,11 @@ namespace korvan {
 
 class KeyboardFocus;
 
-// How every control is drawn: flat and calm, on any desktop alike, with that desktop's palette and
-// font. Set once, on the application. Nothing that it draws moves by itself.
+// Draws every control: flat, alike on all desktops, with the desktop's palette and font. Nothing
+// moves by itself. Set once, on the application, which then owns it.
 //
-// This class decides how large controls are and which drawing (Drawing.h) each part of them takes.
-// What it does not name is left to Fusion.
+// This class decides how large controls are and which function of ControlParts.h draws each part.
+// Everything else is left to Fusion, the toolkit's own style. Sizes are in logical pixels.
 class KorvanStyle final : public QProxyStyle {
     Q_OBJECT
 
@@ -21,25 +21,26 @@ public:
 
     enum class Motion { full, reduced };
 
-    // Whether parts of a window may slide and fade. Full unless the desktop asks for less.
+    // Whether parts of a window may slide and fade.
     void setMotion(Motion motion) { m_motion = motion; }
     [[nodiscard]] Motion motion() const { return m_motion; }
 
     enum class Scheme { light, dark };
 
-    // Which of our palettes the application's widgets have, from now on. A palette that the desktop
-    // brings stays instead, but for a light one where dark is wished for.
+    // Chooses between our palettes, and updates all widgets. A palette of the desktop has priority,
+    // except for a light one with the dark scheme.
     void setScheme(Scheme scheme);
 
     enum class Contrast { usual, high };
 
-    // High contrast brings palettes of our own where the desktop's has less.
+    // With high contrast, a palette of ours replaces the desktop's unless that has high contrast,
+    // too.
     void setContrast(Contrast contrast);
 
-    // The font of the application from now on, where the toolkit does not know the desktop's.
+    // Sets the application's font. For desktops whose font the toolkit does not know.
     void setFont(const QFont& font);
 
-    // The palette where the desktop brings none of its own.
+    // The palette for a desktop that has none.
     [[nodiscard]] QPalette standardPalette() const override;
 
     using QProxyStyle::polish;
@@ -77,11 +78,11 @@ private:
     Scheme m_scheme = Scheme::light;
     Contrast m_contrast = Contrast::usual;
     bool m_isPaletteSet = false;
-    QFont m_font;                             // the application's, as it was last
-    KeyboardFocus* m_keyboardFocus = nullptr; // once this is the application's style
+    QFont m_font;                             // the application's
+    KeyboardFocus* m_keyboardFocus = nullptr; // absent until this is the application's style
 };
 
-// How long a movement of `widget` takes, in milliseconds; 0 where nothing should move.
+// The duration of an animation of `widget`, in milliseconds. 0 where motion is reduced.
 [[nodiscard]] int animationDuration(const QWidget& widget);
 
 } // namespace korvan

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What the style takes over from the desktop: its palette and its font.
+// How the style follows the desktop: its palette and its font.
 #include "ui/style/Colors.h"
 #include "ui/style/KorvanStyle.h"
 #include "ui/style/Palettes.h"
@@ -12,8 +12,8 @@ namespace korvan {
 
 namespace {
 
-// Asks the desktop, and then the style, again. A palette that Qt's theme for GNOME has for fields
-// alone would not fit the others.
+// Makes the toolkit take the desktop's palette again and pass it to the style. Qt's theme for GNOME
+// sets another palette for line edits, which would not fit.
 void renewPalette() {
     QApplication::setPalette(QPalette());
     QApplication::setPalette(QApplication::palette(), "QLineEdit");
@@ -45,8 +45,8 @@ QPalette KorvanStyle::standardPalette() const {
     return isHigh ? lightHighContrastPalette() : lightPalette();
 }
 
-// Where a desktop brings no palette, the toolkit offers Fusion's as if it were the desktop's. And
-// GNOME's, as Qt makes it out, does not become dark with the desktop.
+// For a desktop without a palette, the toolkit passes that of Fusion. With Qt's theme for GNOME the
+// palette stays light on a dark desktop.
 void KorvanStyle::polish(QPalette& palette) {
     const auto fusion = QProxyStyle::standardPalette();
     const auto isFusion = [&](QPalette::ColorRole role) {
@@ -61,21 +61,20 @@ void KorvanStyle::polish(QPalette& palette) {
     keepVisible(palette);
 }
 
-// Qt tells of a change to the desktop by windows alone.
+// Called for each window, since Qt reports a changed theme only to windows.
 void KorvanStyle::followTheme() {
     keepProportionalFont();
     renewPalette();
 }
 
-// When GNOME's colours change, Qt 6.8 takes that desktop's font for code for the one of all texts.
-// Who really chooses such a font has it from the next start on.
+// When GNOME's colours change, Qt 6.8 sets that desktop's monospaced font for all texts. A user who
+// really chooses such a font gets it at the next start.
 void KorvanStyle::keepProportionalFont() {
     const auto font = QApplication::font();
-    if (QFontInfo(font).fixedPitch() && !QFontInfo(m_font).fixedPitch()) {
+    if (QFontInfo(font).fixedPitch() && !QFontInfo(m_font).fixedPitch())
         QApplication::setFont(m_font);
-    } else {
+    else
         m_font = font;
-    }
 }
 
 } // namespace korvan

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// How large controls are and where their parts lie.
-#include "ui/style/Drawing.h"
+// How large controls are and where their parts are, in logical pixels.
+#include "ui/style/ControlParts.h"
 #include "ui/style/KorvanStyle.h"
 #include "ui/style/Symbols.h"
 
@@ -21,11 +21,11 @@ constexpr int kLinkPadding = 8;
 constexpr int kSymbolPadding = 6; // around a symbol that is all of a button
 constexpr int kShortcutGap = 24;  // between a menu item and its shortcut
 constexpr int kDialogButton = 88; // least width of a button in a dialog
-constexpr int kFieldFrame = 4;    // keeps a square content clear of the round corners
-constexpr int kFieldPadding = 6;  // beside a field's text, and 2 more of the toolkit's own
+constexpr int kFieldFrame = 4;    // so that the content does not cover the round corners
+constexpr int kFieldPadding = 6;  // beside a field's text; the toolkit adds 2
 constexpr int kLeastSlider = 32;
 
-// The room for the arrow of a picker, and for that of a menu in a menu.
+// The width for the arrow of a combo box and of a submenu.
 int arrowRoom() { return symbolSize() * 3 / 2; }
 
 bool isLink(const QStyleOptionButton& button) {
@@ -80,21 +80,15 @@ int KorvanStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     case PM_ListViewIconSize:
     case PM_IndicatorWidth:
     case PM_IndicatorHeight: return symbolSize();
-    case PM_ButtonDefaultIndicator:
-    case PM_ButtonShiftHorizontal:
-    case PM_ButtonShiftVertical: return 0;
     case PM_FocusFrameHMargin: return 7; // beside the text of a row
     case PM_HeaderMargin: return 8;
     case PM_HeaderDefaultSectionSizeVertical: return kRowHeight;
     case PM_ScrollBarExtent: return 12;
     case PM_ScrollBarSliderMin: return kLeastSlider;
-    case PM_ScrollView_ScrollBarSpacing:
-    case PM_ScrollView_ScrollBarOverlap: return 0;
-    case PM_SplitterWidth: // drawn as a hairline; the toolkit widens what can be grabbed
+    case PM_SplitterWidth: // a hairline; the toolkit makes the area for the pointer wider
     case PM_MenuPanelWidth: return 1;
     case PM_MenuHMargin:
     case PM_MenuVMargin: return 4;
-    case PM_MenuBarPanelWidth: return 0;
     case PM_MenuBarHMargin:
     case PM_MenuBarVMargin: return 2;
     case PM_ToolTipLabelFrameWidth: return 6;
@@ -150,7 +144,7 @@ QSize KorvanStyle::sizeFromContents(ContentsType type, const QStyleOption* optio
 QRect KorvanStyle::subElementRect(SubElement element, const QStyleOption* option,
                                   const QWidget* widget) const {
     switch (element) {
-    case SE_PushButtonLayoutItem: { // a link's text ends where its neighbours do, its ring beyond
+    case SE_PushButtonLayoutItem: { // layouts align a link's text; its ring reaches beyond
         const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
         return button && isLink(*button) ? option->rect.adjusted(kLinkPadding, 0, -kLinkPadding, 0)
                                          : option->rect;
@@ -167,19 +161,16 @@ QRect KorvanStyle::subElementRect(SubElement element, const QStyleOption* option
 
 QRect KorvanStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
                                   SubControl part, const QWidget* widget) const {
-    if (control == CC_ScrollBar) {
-        if (const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option)) {
-            return visualRect(bar->direction, bar->rect, scrollBarPart(*bar, part));
-        }
-    }
+    if (control == CC_ScrollBar)
+        if (const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option))
+            return scrollBarPart(*bar, part);
     if (control == CC_ComboBox && (part == SC_ComboBoxEditField || part == SC_ComboBoxArrow)) {
         auto rect = option->rect;
-        if (part == SC_ComboBoxArrow) {
+        if (part == SC_ComboBoxArrow)
             rect.setLeft(rect.right() - arrowRoom() + 1);
-        } else {
-            rect.adjust(kFieldPadding + 1, 2, -arrowRoom(), -2); // the toolkit adds one
-        }
-        return visualRect(option->direction, option->rect, rect);
+        else
+            rect.adjust(kFieldPadding + 1, 2, -arrowRoom(), -2); // the toolkit adds 1
+        return rect;
     }
     return QProxyStyle::subControlRect(control, option, part, widget);
 }

@@ -12,8 +12,8 @@
 #include <algorithm>
 #include <utility>
 
-// The linker drops resources of a static library that nothing names. Outside of any namespace, as
-// the macro demands.
+// Without this the linker drops the resources, since they are in a static library. The macro must
+// be used outside of any namespace.
 static void initializeResources() {
     Q_INIT_RESOURCE(symbols);
     Q_INIT_RESOURCE(icon);
@@ -21,11 +21,12 @@ static void initializeResources() {
 
 namespace korvan {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-// Draws an icon from its SVG file. Reads the file only when there is something to draw: most
-// windows show the same few drawings many times. Not left to the toolkit's own engine, which
-// makes each start look through all plug-ins for pictures.
+// Draws an icon from its SVG file. Reads the file only for a drawing that is not in the cache yet.
+// The toolkit's own engine would search all image plug-ins at each start.
 class DrawingEngine : public QIconEngine {
 public:
     explicit DrawingEngine(QString path) : m_path(std::move(path)) {}
@@ -37,8 +38,8 @@ public:
         painter->drawPixmap(rect.topLeft(), pixmap);
     }
 
-    // In device pixels. `scaledPixmap` is left to the toolkit: what size that one is given depends
-    // on the toolkit's version, but it always asks here for the device pixels that follow.
+    // The size is in device pixels. `scaledPixmap` is not overridden, since its size depends on the
+    // toolkit's version. The toolkit's own calls this function with device pixels in all versions.
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State) override {
         return drawing(size, mode);
     }
@@ -49,15 +50,14 @@ public:
     [[nodiscard]] QIconEngine* clone() const override { return new DrawingEngine(*this); }
 
 protected:
-    // The colour that everything is drawn in, transparent for the drawing's own colours. Asked at
-    // every painting, so that an icon outlives a change of the palette.
+    // The colour of the whole drawing, or transparent to keep the drawing's own colours. Called at
+    // each painting, so that an icon follows the palette.
     [[nodiscard]] virtual QColor tint(QIcon::Mode) const { return Qt::transparent; }
 
 private:
     [[nodiscard]] QPixmap drawing(const QSize& size, QIcon::Mode mode) const {
         const auto color = tint(mode);
-        const auto key = QStringLiteral("korvan:%1:%2:%3x%4")
-                             .arg(m_path, color.name(QColor::HexArgb))
+        const auto key = u"korvan:%1:%2:%3x%4"_s.arg(m_path, color.name(QColor::HexArgb))
                              .arg(size.width())
                              .arg(size.height());
         QPixmap pixmap;
@@ -103,7 +103,7 @@ private:
 
 QIcon symbol(const QString& identifier, SemanticColor color) {
     initializeResources();
-    const auto path = QStringLiteral(":/symbols/%1.svg").arg(identifier);
+    const auto path = u":/symbols/%1.svg"_s.arg(identifier);
     return QFile::exists(path) ? QIcon(new SymbolEngine(path, color)) : QIcon();
 }
 
@@ -115,7 +115,7 @@ int symbolSize() {
 
 QIcon applicationIcon() {
     initializeResources();
-    return QIcon(new DrawingEngine(QStringLiteral(":/icons/lumera.Korvan.svg")));
+    return QIcon(new DrawingEngine(u":/icons/lumera.Korvan.svg"_s));
 }
 
 } // namespace korvan

@@ -8,14 +8,13 @@
 
 namespace korvan {
 
-// The drawing named `identifier`, such as "arrow.clockwise", in a colour that follows the
-// application's palette and grows paler where its control is disabled. On a selected row and a
-// filled button it takes the colour of their text. Sharp at every scale. An unknown identifier
-// gives an empty icon.
+// The symbol named `identifier`, such as "arrow.clockwise", or an empty icon if there is none. Its
+// colour follows the application's palette, is paler where its control is disabled, and is that of
+// the text on a selected row and a filled button. It is sharp at every scale.
 [[nodiscard]] QIcon symbol(const QString& identifier, SemanticColor color = SemanticColor::primary);
 
-// The side of a symbol beside a text, in logical pixels: 16 at the usual size of texts, and growing
-// with them.
+// The side of a symbol beside a text, in logical pixels: 16 with the usual font, more with a large
+// one.
 [[nodiscard]] int symbolSize();
 
 // The program's own icon.

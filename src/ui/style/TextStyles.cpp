@@ -26,8 +26,8 @@ double scaleOf(TextStyle style) {
     return 0.77;
 }
 
-// Small text stays readable where the desktop's own text is small already, and in order: no
-// style below body becomes larger than body.
+// Keeps small text readable on desktops with small text. No style below body becomes larger than
+// body.
 double pointSizeOf(TextStyle style, double body) {
     const double size = std::max(scaleOf(style) * body, std::min(kLeastPointSize, body));
     return style == TextStyle::caption2 ? size * 0.95 : size;
@@ -45,7 +45,7 @@ QFont fontFor(TextStyle style, FontDesign design) {
     font.setFamilies(QFontDatabase::systemFont(QFontDatabase::FixedFont).families());
     font.setStyleHint(QFont::Monospace);
     font.setFixedPitch(true);
-    // Both designs stand in one line: equally tall letters matter more than equal sizes.
+    // Both designs stand in one line, so their letters must be equally tall.
     const double ratio = height / std::max(QFontMetricsF(font).xHeight(), 1.0);
     font.setPointSizeF(font.pointSizeF() * std::clamp(ratio, 0.94, 1.1));
     return font;

@@ -9,7 +9,6 @@
 #include <QWidget>
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace korvan {
 
@@ -17,10 +16,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Of a tool tip: the toolkit adds a margin of eight at each side.
+// For a tooltip: the toolkit adds a margin of eight at each side.
 constexpr int kTipWidth = 480 - 2 * 8 - 4;
-constexpr int kTipDistance = 48; // room for its frame, and for the pointer
-// More can be seen in no label; laying out a text takes as long as all of it is.
+constexpr int kTipDistance = 48; // room for the frame of the tooltip and for the pointer
+// More than any label can show. The time to lay out a text grows with its whole length.
 constexpr qsizetype kMostCharacters = 6000;
 
 bool isControl(QChar character) {
@@ -30,19 +29,10 @@ bool isControl(QChar character) {
 }
 
 bool isLineBreak(QChar character) {
-    switch (character.unicode()) {
-    case u'\n':
-    case u'\v':
-    case u'\f':
-    case u'\r':
-    case u'\u0085':
-    case u'\u2028':
-    case u'\u2029': return true;
-    default: return false;
-    }
+    return QStringView(u"\n\v\f\r\u0085\u2028\u2029").contains(character);
 }
 
-// One kind of line break, and a sign for what has no look of its own.
+// Replaces all line breaks by the same character, and control characters by visible ones.
 QString withVisibleControls(QString text) {
     text.replace(u"\r\n"_s, u"\n"_s);
     for (QChar& character : text) {
@@ -50,14 +40,14 @@ QString withVisibleControls(QString text) {
         if (isLineBreak(character))
             character = QChar::LineSeparator;
         else if (code < 0x20 && code != u'\t')
-            character = QChar(u'\u2400' + code); // its picture
+            character = QChar(u'\u2400' + code); // the visible sign for it
         else if (isControl(character) && code != u'\t')
             character = QChar::ReplacementCharacter;
     }
     return text;
 }
 
-// The lines of a text as they are laid out, from the first on.
+// Lays out a text line by line.
 class Lines final {
 public:
     Lines(const QString& text, const QFont& font, int width)
@@ -71,7 +61,7 @@ public:
     Lines(const Lines&) = delete;
     Lines& operator=(const Lines&) = delete;
 
-    // What is cut off at the end of a line may reach further than its last whole word.
+    // The last line is wider, since the ellipsis may come in the middle of a word.
     enum class Place { any, last };
     [[nodiscard]] QTextLine next(Place place = Place::any) {
         QTextLine line = m_layout.createLine();
@@ -82,7 +72,7 @@ public:
         return line;
     }
 
-    // Of the lines so far.
+    // The height of the lines so far.
     [[nodiscard]] double height() const { return m_height; }
 
 private:
@@ -93,12 +83,12 @@ private:
     int m_count = 0;
 };
 
-// As a label shows it: a tabulator has no stops there.
+// The text for a label, where a tab is a space.
 QString prepared(const QString& text) {
     return withVisibleControls(text.left(kMostCharacters)).replace(u'\t', u' ');
 }
 
-// A text's lines as they stand in a tool tip, as many as `mostHeight` has room for.
+// The lines of a tooltip, as many as fit into `mostHeight`.
 QStringList tipLines(const QString& text, const QFont& font, int mostHeight) {
     const QString whole = withVisibleControls(text.left(kMostCharacters));
     QStringList shown;
@@ -111,7 +101,7 @@ QStringList tipLines(const QString& text, const QFont& font, int mostHeight) {
         QString part = whole.mid(line.textStart(), line.textLength());
         if (part.endsWith(QChar::LineSeparator))
             part.chop(1);
-        else // the blanks at which it was broken would stand beyond the width
+        else // spaces at the break would widen the tooltip
             while (part.endsWith(u"  "))
                 part.chop(1);
         shown.append(part);
@@ -120,7 +110,7 @@ QStringList tipLines(const QString& text, const QFont& font, int mostHeight) {
     return shown;
 }
 
-// Markup, since the toolkit would guess from the text whether it is that.
+// The lines as markup. The toolkit would guess whether a plain text is markup.
 QString markup(const QStringList& lines, const QFont& font) {
     QStringList families;
     for (const QString& family : font.families())
@@ -184,7 +174,7 @@ void showToolTip(QPoint globalPosition, const QString& text, const QFont& font, 
                  const QRect& area) {
     const QScreen* screen = QGuiApplication::screenAt(globalPosition);
     const QRect room = (screen ? screen : widget.screen())->availableGeometry();
-    // Below the pointer or above it: a tip under the pointer would hide itself.
+    // Below the pointer or above it: a tooltip under the pointer would hide itself.
     const int height =
         std::max(room.bottom() - globalPosition.y(), globalPosition.y() - room.top());
     QToolTip::showText(globalPosition, markup(tipLines(text, font, height - kTipDistance), font),
