@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "state/CategoryEditorView.h"
-#include "state/ProfileEditorView.h"
-#include "state/SnippetEditorView.h"
+#include "state/EditorViews.h"
+
 #include "support/Examples.h"
 
 #include <gtest/gtest.h>

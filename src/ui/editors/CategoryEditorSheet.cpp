@@ -6,6 +6,8 @@
 
 namespace korvan {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int kWidth = 520;
@@ -13,10 +15,10 @@ constexpr int kPadding = 22;
 
 } // namespace
 
-CategoryEditorSheet::CategoryEditorSheet(CategoryEditorView state, QWidget* parent)
-    : EditorSheet(kWidth, kPadding, parent), m_state(std::move(state)) {
-    const QString label = QStringLiteral("Name");
-    QLineEdit* name = makeTextField(label, m_state.category.name);
+CategoryEditorSheet::CategoryEditorSheet(std::unique_ptr<CategoryEditorView> state, QWidget* parent)
+    : EditorSheet(*state, kWidth, kPadding, parent), m_state(std::move(state)) {
+    const QString label = u"Name"_s;
+    QLineEdit* name = makeTextField(label, m_state->category.name);
     addRow(label, name);
     setWidget(EditorField::name, name);
     complete(name);

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "state/CategoryEditorView.h"
 #include "ui/editors/EditorSheet.h"
+
+#include <memory>
 
 namespace korvan {
 
@@ -11,15 +12,10 @@ class CategoryEditorSheet final : public EditorSheet {
     Q_OBJECT
 
 public:
-    CategoryEditorSheet(CategoryEditorView state, QWidget* parent);
+    CategoryEditorSheet(std::unique_ptr<CategoryEditorView> state, QWidget* parent);
 
 private:
-    [[nodiscard]] std::string_view editorTitle() const override { return m_state.editorTitle(); }
-    [[nodiscard]] Validation& validation() override { return m_state; }
-    void commit() override { m_state.commit(); }
-    void cancel() override { m_state.cancel(); }
-
-    CategoryEditorView m_state;
+    std::unique_ptr<CategoryEditorView> m_state;
 };
 
 } // namespace korvan

@@ -9,9 +9,12 @@
 #include <QFormLayout>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QVBoxLayout>
 #include <limits>
 
 namespace korvan {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -21,15 +24,15 @@ constexpr int kLabelSpacing = 12;
 
 } // namespace
 
-EditorSheet::EditorSheet(int width, int padding, QWidget* parent)
-    : QDialog(parent), m_stack(new QVBoxLayout(this)),
+EditorSheet::EditorSheet(EditorView& editor, int width, int padding, QWidget* parent)
+    : QDialog(parent), m_editor(editor), m_stack(new QVBoxLayout(this)),
       m_title(new Label(QString(), TextStyle::title2)), m_form(new QFormLayout),
       m_message(new Label(QString(), TextStyle::callout, SemanticColor::red)) {
-    // The layout sets the size, in one step, whenever the content changes; the strut is its width.
+    // The layout sets the size in one step whenever the content changes. The strut sets the width.
     m_stack->setSizeConstraint(QLayout::SetFixedSize);
     m_stack->setContentsMargins(padding, padding, padding, padding);
     m_stack->setSpacing(kStackSpacing);
-    static_cast<QVBoxLayout*>(m_stack)->addStrut(width - 2 * padding);
+    m_stack->addStrut(width - 2 * padding);
 
     m_stack->addWidget(m_title);
     m_form->setContentsMargins(0, 0, 0, 0);
@@ -42,8 +45,8 @@ EditorSheet::EditorSheet(int width, int padding, QWidget* parent)
 
 void EditorSheet::addRow(const QString& label, QWidget* field, QLayout* row) {
     auto* rowLabel = new QLabel(label);
-    rowLabel->setBuddy(field); // a picker's accessible name is its choice: this tells what it is
-    // As high as its row: a form layout would put a lower label a little above the middle.
+    rowLabel->setBuddy(field); // the accessible name of a picker is its choice alone
+    // As high as its row. The form layout puts a lower label a little above the middle.
     rowLabel->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
     if (row)
         m_form->addRow(rowLabel, row);
@@ -59,8 +62,8 @@ void EditorSheet::complete(QWidget* firstField) {
     m_stack->addWidget(m_message);
 
     auto* buttons = new QHBoxLayout;
-    m_cancelButton = new QPushButton(QStringLiteral("Abbrechen"));
-    m_saveButton = new QPushButton(QStringLiteral("Speichern"));
+    m_cancelButton = new QPushButton(u"Abbrechen"_s);
+    m_saveButton = new QPushButton(u"Speichern"_s);
     connect(m_cancelButton, &QPushButton::clicked, this, &EditorSheet::reject);
     connect(m_saveButton, &QPushButton::clicked, this, &EditorSheet::save);
     buttons->addWidget(m_cancelButton);
@@ -68,10 +71,10 @@ void EditorSheet::complete(QWidget* firstField) {
     buttons->addWidget(m_saveButton);
     m_stack->addLayout(buttons);
 
-    // A large font asks for wider fields, but is no reason for a wider sheet.
+    // A large font must not widen the sheet.
     for (auto* field : findChildren<QLineEdit*>())
         field->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    // Another button with the focus would be the default one otherwise.
+    // Otherwise a button that has the focus becomes the default one.
     for (auto* button : findChildren<QPushButton*>())
         button->setAutoDefault(button == m_saveButton);
     m_saveButton->setDefault(true);
@@ -89,8 +92,8 @@ QLineEdit* EditorSheet::makeTextField(const QString& label, std::string& value) 
     field->setAccessibleName(label);
     field->setMaxLength(std::numeric_limits<int>::max());
     field->setText(toQString(value));
-    // Connected only now: nothing but the user changes the text from here on, be it by keyboard or
-    // by an assistive tool, of which textEdited would not know.
+    // Connected last, so that only the user's changes are taken over. textEdited would miss those
+    // that come from assistive tools.
     connect(field, &QLineEdit::textChanged, this, [this, field, &value](const QString& text) {
         value = fromQString(text);
         fieldEdited(field);
@@ -105,17 +108,17 @@ void EditorSheet::setWidget(EditorField field, QWidget* widget) {
 
 void EditorSheet::fieldEdited(const QWidget* widget) {
     for (const auto& [field, its] : m_fields)
-        if (its == widget) validation().fieldEdited(field);
+        if (its == widget) m_editor.fieldEdited(field);
     markInvalidField();
 }
 
 void EditorSheet::refresh() {
-    const QString title = toQString(editorTitle());
+    const QString title = toQString(m_editor.editorTitle());
     if (m_title->text() != title) {
         setSheetTitle(*this, title);
         m_title->setText(title);
     }
-    const QString message = toQString(validation().validationError.value_or(""));
+    const QString message = toQString(m_editor.validationError.value_or(""));
     if (m_message->text() != message) {
         m_message->setText(message);
         m_message->setAccessibleName(message);
@@ -124,11 +127,10 @@ void EditorSheet::refresh() {
     markInvalidField();
 }
 
-// A screen reader that comes to the field tells what is wrong with it.
+// With the message as its description, so that a screen reader speaks it at the field.
 void EditorSheet::markInvalidField() {
-    const Validation& state = validation();
     for (const auto& [field, widget] : m_fields) {
-        const bool isMarked = state.invalidField == field;
+        const bool isMarked = m_editor.invalidField == field;
         if (isInvalid(widget) == isMarked) continue;
         setInvalid(*widget, isMarked);
         widget->setAccessibleDescription(isMarked ? m_message->text() : QString());
@@ -137,23 +139,23 @@ void EditorSheet::markInvalidField() {
 
 void EditorSheet::goToInvalidField() {
     for (const auto& [field, widget] : m_fields)
-        // As if the Tab key led there: what is in a field of one line is ready to be replaced.
-        if (validation().invalidField == field) widget->setFocus(Qt::TabFocusReason);
+        // As by the Tab key, which selects the content of a line edit.
+        if (m_editor.invalidField == field) widget->setFocus(Qt::TabFocusReason);
 }
 
 void EditorSheet::save() {
     if (m_hasEnded) return;
-    m_hasEnded = true; // before the callback: whatever it does, nothing is saved a second time
+    m_hasEnded = true; // before the callback, so that nothing is saved twice
     const bool wasShown = m_message->isVisible();
-    commit();
+    m_editor.commit();
     refresh();
-    m_hasEnded = !validation().validationError;
+    m_hasEnded = !m_editor.validationError;
     if (m_hasEnded) return accept();
-    if (wasShown) announce(*m_message, m_message->text()); // it speaks for itself when it comes
+    if (wasShown) announce(*m_message, m_message->text()); // a new message is spoken anyway
     goToInvalidField();
 }
 
-// Some desktops let Return press the button that has the focus, and a picker would take it for the
+// On some desktops Return presses the button that has the focus, and a picker takes it for the
 // first letter of a choice.
 bool EditorSheet::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
@@ -172,7 +174,7 @@ bool EditorSheet::eventFilter(QObject* watched, QEvent* event) {
 void EditorSheet::reject() {
     if (m_hasEnded) return;
     m_hasEnded = true;
-    cancel();
+    m_editor.cancel();
     QDialog::reject();
 }
 

@@ -13,6 +13,8 @@
 
 namespace korvan {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int kWidth = 680;
@@ -22,8 +24,8 @@ constexpr int kTemplateHeight = 120;
 constexpr int kFrameRadius = 8;
 constexpr float kFrameOpacity = 0.25F;
 
-// The rounded frame around the template editor, which fills it. Like a field of one line, it shows
-// whether the keyboard is there and whether its content is refused.
+// The rounded frame around the template editor. Like the frame of a line edit, it shows whether the
+// editor has the focus, and whether its content is invalid.
 class TemplateFrame final : public QWidget {
 public:
     explicit TemplateFrame(QWidget* content) : m_content(content) {
@@ -67,7 +69,7 @@ private:
     QWidget* m_content;
 };
 
-// The text of a document with plain line breaks, and unlike toPlainText with its hard blanks.
+// The text of a document, with "\n" as line breaks. Unlike toPlainText, keeps no-break spaces.
 QString textOf(const QTextDocument& document) {
     QString text = document.toRawText();
     text.replace(QChar::ParagraphSeparator, u'\n');
@@ -77,22 +79,22 @@ QString textOf(const QTextDocument& document) {
 
 } // namespace
 
-SnippetEditorSheet::SnippetEditorSheet(SnippetEditorView state, QWidget* parent)
-    : EditorSheet(kWidth, kPadding, parent), m_state(std::move(state)) {
-    const QString titleLabel = QStringLiteral("Titel");
-    QLineEdit* title = makeTextField(titleLabel, m_state.snippet.title);
+SnippetEditorSheet::SnippetEditorSheet(std::unique_ptr<SnippetEditorView> state, QWidget* parent)
+    : EditorSheet(*state, kWidth, kPadding, parent), m_state(std::move(state)) {
+    const QString titleLabel = u"Titel"_s;
+    QLineEdit* title = makeTextField(titleLabel, m_state->snippet.title);
     addRow(titleLabel, title);
     setWidget(EditorField::title, title);
-    const QString hintLabel = QStringLiteral("Hinweis (optional)");
-    addRow(hintLabel, makeTextField(hintLabel, m_state.snippet.hint));
+    const QString hintLabel = u"Hinweis (optional)"_s;
+    addRow(hintLabel, makeTextField(hintLabel, m_state->snippet.hint));
 
-    const QString templateLabel = QStringLiteral("Befehl (Template)");
+    const QString templateLabel = u"Befehl (Template)"_s;
     auto* block = new QVBoxLayout;
     block->setSpacing(kTemplateSpacing);
     block->addWidget(new Label(templateLabel, TextStyle::subheadline, SemanticColor::secondary));
     block->addWidget(new TemplateFrame(makeTemplateEditor(templateLabel)));
-    block->addWidget(new Label(QStringLiteral("Platzhalter: {HOST} {USER} {PORT} {TARGET}"),
-                               TextStyle::caption, SemanticColor::secondary));
+    block->addWidget(new Label(u"Platzhalter: {HOST} {USER} {PORT} {TARGET}"_s, TextStyle::caption,
+                               SemanticColor::secondary));
     addWideRow(block);
     complete(title);
 }
@@ -104,14 +106,14 @@ QPlainTextEdit* SnippetEditorSheet::makeTemplateEditor(const QString& label) {
     editor->setFrameShape(QFrame::NoFrame);
     editor->setFixedHeight(kTemplateHeight);
     editor->setTabChangesFocus(true);
-    editor->setPlainText(toQString(m_state.snippet.commandTemplate));
-    // The document has its own idea of line breaks. As long as it shows what it was given, and when
-    // the user has undone his changes, the template is the one that was given.
+    editor->setPlainText(toQString(m_state->snippet.commandTemplate));
+    // The document changes line breaks. While it shows the text that it was given, also after an
+    // undo, the template stays as it was, byte by byte.
     connect(editor, &QPlainTextEdit::textChanged, this,
             [this, editor, shown = textOf(*editor->document()),
-             given = m_state.snippet.commandTemplate] {
+             given = m_state->snippet.commandTemplate] {
                 const QString text = textOf(*editor->document());
-                m_state.snippet.commandTemplate = text == shown ? given : fromQString(text);
+                m_state->snippet.commandTemplate = text == shown ? given : fromQString(text);
                 fieldEdited(editor);
             });
     setWidget(EditorField::commandTemplate, editor);

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "state/SnippetEditorView.h"
 #include "ui/editors/EditorSheet.h"
 
-class QBoxLayout;
+#include <memory>
+
 class QPlainTextEdit;
 
 namespace korvan {
@@ -14,17 +14,12 @@ class SnippetEditorSheet final : public EditorSheet {
     Q_OBJECT
 
 public:
-    SnippetEditorSheet(SnippetEditorView state, QWidget* parent);
+    SnippetEditorSheet(std::unique_ptr<SnippetEditorView> state, QWidget* parent);
 
 private:
-    [[nodiscard]] std::string_view editorTitle() const override { return m_state.editorTitle(); }
-    [[nodiscard]] Validation& validation() override { return m_state; }
-    void commit() override { m_state.commit(); }
-    void cancel() override { m_state.cancel(); }
-
     QPlainTextEdit* makeTemplateEditor(const QString& label);
 
-    SnippetEditorView m_state;
+    std::unique_ptr<SnippetEditorView> m_state;
 };
 
 } // namespace korvan

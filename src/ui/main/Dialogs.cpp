@@ -72,7 +72,7 @@ void Dialogs::dialogFinished(Binding& binding, int result) {
 QDialog* Dialogs::makeProfileEditor(QWidget* parent) {
     m_shownSession = m_state.editorSessionID;
     return new ProfileEditorSheet(
-        ProfileEditorView(
+        std::make_unique<ProfileEditorView>(
             m_state.editorDraft, m_state.categoryStore.categories(),
             [this] { m_state.showEditor = false; },
             [this](const SSHProfile& profile) { m_state.saveProfile(profile); }),
@@ -81,7 +81,7 @@ QDialog* Dialogs::makeProfileEditor(QWidget* parent) {
 
 QDialog* Dialogs::makeCategoryEditor(QWidget* parent) {
     return new CategoryEditorSheet(
-        CategoryEditorView(
+        std::make_unique<CategoryEditorView>(
             m_state.editingCategory->value_or(SSHCategory()),
             [this] { m_state.showCategoryEditor = false; },
             [this](const SSHCategory& category) { m_state.saveCategory(category); }),
@@ -90,7 +90,7 @@ QDialog* Dialogs::makeCategoryEditor(QWidget* parent) {
 
 QDialog* Dialogs::makeSnippetEditor(QWidget* parent) {
     return new SnippetEditorSheet(
-        SnippetEditorView(
+        std::make_unique<SnippetEditorView>(
             m_state.editingSnippet->value_or(CommandSnippet()),
             [this] { m_state.showSnippetEditor = false; },
             [this](const CommandSnippet& snippet) { m_state.saveSnippet(snippet); }),

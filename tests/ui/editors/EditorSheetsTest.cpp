@@ -20,8 +20,8 @@ class ProfileEditorSheetTest : public testing::Test {
 protected:
     QDialog& open(const SSHProfile& draft) {
         sheet = std::make_unique<ProfileEditorSheet>(
-            ProfileEditorView(
-                draft, {exampleCategory()}, [this] { ++cancels; },
+            std::make_unique<ProfileEditorView>(
+                draft, std::vector{exampleCategory()}, [this] { ++cancels; },
                 [this](const SSHProfile& profile) { saved.push_back(profile); }),
             filePanels, nullptr);
         activate(*sheet);
@@ -41,7 +41,7 @@ class SnippetEditorSheetTest : public testing::Test {
 protected:
     QPlainTextEdit& open(const std::string& commandTemplate) {
         sheet = std::make_unique<SnippetEditorSheet>(
-            SnippetEditorView(
+            std::make_unique<SnippetEditorView>(
                 with(exampleSnippet(), &CommandSnippet::commandTemplate, commandTemplate), [] {},
                 [this](const CommandSnippet& snippet) { saved = snippet; }),
             nullptr);
