@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/AboutView.h"
 
-#include "app/VersionText.h"
+#include "app/ProgramBundle.h"
 #include "desktop/QtText.h"
 #include "ui/style/Accessibility.h"
 #include "ui/style/Controls.h"
@@ -15,6 +15,8 @@
 
 namespace korvan {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr QSize kSize(640, 520);
@@ -24,11 +26,12 @@ constexpr int kIconSize = 128;
 constexpr int kIconRadius = 24;
 constexpr int kNameSpacing = 4;
 
-const QString kAppName = QStringLiteral("Korvan");
-const QString kTagline = QStringLiteral("SSH-Verbindungen & Befehlsdatenbank für macOS");
-const QString kAuthor = QStringLiteral("Lumera");
+const QString kAppName = u"Korvan"_s;
+const QString kTagline = u"SSH-Verbindungen & Befehlsdatenbank für macOS"_s;
+const QString kAuthor = u"Lumera"_s;
 
-// The application's icon with rounded corners, drawn afresh so that it is sharp at every scale.
+// The application's icon with rounded corners. Draws the icon anew for each size and scale, so that
+// it is sharp.
 class IconView final : public QWidget {
 public:
     IconView() { setFixedSize(kIconSize, kIconSize); }
@@ -38,7 +41,7 @@ protected:
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
-        // Filled with the icon instead of clipped to it: clipping leaves jagged edges.
+        // Fills the path with the icon: clipping the icon to the path would leave jagged edges.
         painter.setBrush(QBrush(m_icon.pixmap(size(), devicePixelRatioF())));
         painter.drawPath(smoothRectangle(rect(), kIconRadius));
     }
@@ -57,7 +60,7 @@ Label* makeText(const QString& text, TextStyle style,
 } // namespace
 
 AboutView::AboutView(const BundleInformation& bundle, QWidget* parent) : QDialog(parent) {
-    setSheetTitle(*this, QStringLiteral("Über Korvan"));
+    setSheetTitle(*this, u"Über Korvan"_s);
     const auto secondary = [](const QString& text) {
         return makeText(text, TextStyle::body, SemanticColor::secondary);
     };
@@ -65,23 +68,21 @@ AboutView::AboutView(const BundleInformation& bundle, QWidget* parent) : QDialog
     column->setSpacing(kSpacing);
     column->addLayout(makeHeader(bundle));
     column->addWidget(makeSeparator(Qt::Horizontal));
-    column->addWidget(makeText(QStringLiteral("Autor"), TextStyle::headline));
+    column->addWidget(makeText(u"Autor"_s, TextStyle::headline));
     column->addWidget(makeText(kAuthor, TextStyle::body));
-    column->addWidget(secondary(QStringLiteral(
-        "Dieses Tool dient zur lokalen Verwaltung von SSH-Profilen und einer editierbaren "
+    column->addWidget(secondary(
+        u"Dieses Tool dient zur lokalen Verwaltung von SSH-Profilen und einer editierbaren "
         "Copy/Paste-Befehlsdatenbank. Verbindungen werden durch Öffnen eines Terminal-Fensters "
-        "gestartet.")));
+        "gestartet."_s));
     column->addWidget(makeSeparator(Qt::Horizontal));
-    column->addWidget(makeText(QStringLiteral("Hinweise"), TextStyle::headline));
-    column->addWidget(
-        secondary(QStringLiteral("• Passwörter werden aktuell nur als Notizfeld gespeichert "
-                                 "(unverschlüsselt in UserDefaults / Export).")));
-    column->addWidget(secondary(QStringLiteral("• Export/Import schreibt/liest eine JSON-Datei.")));
-    column->addWidget(
-        secondary(QStringLiteral("• Nutzung auf eigene Verantwortung. Keine Gewährleistung.")));
+    column->addWidget(makeText(u"Hinweise"_s, TextStyle::headline));
+    column->addWidget(secondary(u"• Passwörter werden aktuell nur als Notizfeld gespeichert "
+                                "(unverschlüsselt in UserDefaults / Export)."_s));
+    column->addWidget(secondary(u"• Export/Import schreibt/liest eine JSON-Datei."_s));
+    column->addWidget(secondary(u"• Nutzung auf eigene Verantwortung. Keine Gewährleistung."_s));
     column->addWidget(makeSeparator(Qt::Horizontal));
 
-    auto* close = new QPushButton(QStringLiteral("Schließen"));
+    auto* close = new QPushButton(u"Schließen"_s);
     close->setDefault(true);
     connect(close, &QPushButton::clicked, this, &QDialog::accept);
     column->addWidget(close, 0, Qt::AlignRight);
@@ -92,8 +93,7 @@ AboutView::AboutView(const BundleInformation& bundle, QWidget* parent) : QDialog
     frame->addStretch();
     frame->addLayout(column);
     frame->addStretch();
-    // Where the desktop's text is so large that it does not fit, better a higher sheet than rows
-    // one over the other.
+    // The sheet grows where the desktop's text is too large for it. Otherwise rows would overlap.
     setFixedSize(kSize.expandedTo({0, frame->totalHeightForWidth(kSize.width())}));
     close->setFocus();
 }

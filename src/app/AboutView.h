@@ -7,7 +7,8 @@
 
 namespace korvan {
 
-// What the program is, who made it and what to know before using it.
+// The About window: what the program is, who made it and what to know before using it. `bundle` is
+// only read by the constructor.
 class AboutView final : public QDialog {
     Q_OBJECT
 

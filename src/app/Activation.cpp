@@ -26,9 +26,8 @@ QString screenName() {
 }
 
 void showInFront(QWidget& window, const QString& token) {
-    if (!token.isEmpty() && isOnWayland()) {
-        qputenv(kWaylandToken, token.toUtf8()); // where the toolkit looks for it
-    }
+    // The toolkit reads the token from the environment.
+    if (!token.isEmpty() && isOnWayland()) qputenv(kWaylandToken, token.toUtf8());
     window.show();
     if (!token.isEmpty()) window.activateWindow();
 }

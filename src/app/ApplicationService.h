@@ -7,27 +7,28 @@
 
 namespace korvan {
 
-// Korvan on the session bus, where it is one program however often it is started: whoever starts
-// it again gets a further window of the process that runs. Desktops, too, may ask for windows here
-// instead of starting a program, by the interface that they have for this.
+// Makes Korvan a single process for each session bus: a second start asks the running process for
+// another window. Desktops use the same interface, org.freedesktop.Application, to open windows
+// without starting a process.
 //
-// No call waits longer than a moment. Without a bus, or when the running process does not answer,
-// each process stands for itself.
+// No call on the bus waits longer than a second. Without a bus, or when the running process does
+// not answer, each process opens its own windows.
 class ApplicationService final : public QObject, protected QDBusContext {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
 public:
-    // `session` says which screen and which stored data this process works with. One that works
-    // with others is another program, though it may be on the same bus.
+    // `session` names the screen and the stored data that this process works with. Processes with
+    // different sessions open no windows for each other, even on the same bus.
     explicit ApplicationService(QString session);
 
-    // Asks the running process for a window, which may come to the front by `activationToken`.
-    // Answers whether it is going to open one; if not, this process is to open its own.
+    // Asks the running process for a window. `activationToken` lets that come to the front; it may
+    // be empty. Returns whether the running process opens one; if not, this process must open its
+    // own.
     [[nodiscard]] bool handOver(const QString& activationToken);
 
-    // Emits windowRequested for the start of this process, unless the bus started it to pass on a
-    // request that then comes by itself. After handOver.
+    // Emits windowRequested for the start of this process. Does not when the bus started this
+    // process for a request, which then arrives by itself. Call this after handOver.
     void requestFirstWindow();
 
 Q_SIGNALS:

@@ -5,11 +5,12 @@
 
 namespace korvan {
 
+using namespace Qt::StringLiterals;
+
 bool mayReplace(QWidget* window, const QString& title, const QString& fileName) {
-    AlertSheet question(QStringLiteral("Datei ersetzen?"),
-                        QStringLiteral("„%1“ ist bereits vorhanden.").arg(fileName),
-                        {{QStringLiteral("Ersetzen"), AlertSheet::Role::destructive},
-                         {QStringLiteral("Abbrechen"), AlertSheet::Role::cancel}},
+    AlertSheet question(u"Datei ersetzen?"_s, u"„%1“ ist bereits vorhanden."_s.arg(fileName),
+                        {{u"Ersetzen"_s, AlertSheet::Role::destructive},
+                         {u"Abbrechen"_s, AlertSheet::Role::cancel}},
                         window);
     question.setWindowTitle(title);
     return question.exec() == QDialog::Accepted;

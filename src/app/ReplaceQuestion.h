@@ -6,8 +6,9 @@ class QWidget;
 
 namespace korvan {
 
-// Asks over `window` whether the file of this name may be replaced, and waits for the answer: no,
-// unless the user says so. `title` is that of the panel in which the name was chosen.
+// Asks over `window` whether the file of this name may be replaced, waits for the answer and
+// returns it. Closing the question means no. `title` is that of the panel in which the user chose
+// the name.
 [[nodiscard]] bool mayReplace(QWidget* window, const QString& title, const QString& fileName);
 
 } // namespace korvan

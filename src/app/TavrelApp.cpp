@@ -13,7 +13,7 @@
 
 namespace korvan {
 
-// A window and what it stands on, in the order in which they come; they go the other way round.
+// A window and what it needs. Made in this order, destroyed in reverse.
 struct TavrelApp::OpenWindow {
     OpenWindow(const std::filesystem::path& database, const Desktop& desktop)
         : keyValueStore(database), state(keyValueStore, desktop),
@@ -35,15 +35,15 @@ TavrelApp::TavrelApp(std::filesystem::path database, const std::filesystem::path
 TavrelApp::~TavrelApp() = default;
 
 void TavrelApp::openWindow(const QString& activationToken) {
-    const OpenWindow* opened =
+    OpenWindow* opened =
         m_openWindows.emplace_back(std::make_unique<OpenWindow>(m_database, m_desktop)).get();
-    const ContentWindow& window = opened->window;
+    ContentWindow& window = opened->window;
     connect(&window, &ContentWindow::newWindowRequested, this, [this] { openWindow(); });
-    // Queued: the window is still in use while it says that it closes.
+    // Queued: the window is still in use while it emits `closed`.
     connect(
         &window, &ContentWindow::closed, this, [this, opened] { forgetWindow(opened); },
         Qt::QueuedConnection);
-    showInFront(m_openWindows.back()->window, activationToken);
+    showInFront(window, activationToken);
 }
 
 void TavrelApp::forgetWindow(const OpenWindow* window) {

@@ -14,21 +14,23 @@
 
 namespace korvan {
 
-// The application: its windows, and what they share of the desktop. Needs a QApplication.
+// The application. Owns its windows and the interfaces to the desktop that they share. Needs a
+// QApplication.
 //
-// Each window has a state, stores and a connection to the database of its own; windows share data
-// only through the file.
+// Each window has its own state, stores and connection to the database. Windows share data only
+// through the database file.
 class TavrelApp final : public QObject {
     Q_OBJECT
 
 public:
-    // `helperProgram` keeps a terminal's window open after a failed command.
+    // `helperProgram` runs a command in a terminal and keeps the terminal's window open when the
+    // command fails.
     TavrelApp(std::filesystem::path database, const std::filesystem::path& helperProgram,
               DesktopFilePanels::Source filePanels);
     ~TavrelApp() override;
 
-    // The window may come to the front of those of other programs by `activationToken`, which says
-    // for what the user did it opens; without one, the desktop decides.
+    // Opens a new window. `activationToken` lets it come to the front of other programs' windows;
+    // with an empty one the desktop decides.
     void openWindow(const QString& activationToken = {});
 
 private:

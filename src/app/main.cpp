@@ -12,7 +12,6 @@
 #include "ui/style/Symbols.h"
 
 #include <QApplication>
-#include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
@@ -27,13 +26,12 @@ using korvan::DesktopFilePanels;
 using korvan::DesktopSettings;
 using korvan::KorvanStyle;
 
-// How long the first window waits for what the desktop wants it to look like. A portal that runs,
-// or a bus that knows of none, has answered after half a millisecond, so that no window comes up
-// light on a dark desktop. One that is only being started would hold up the window: it is followed
-// later.
+// How long the first window waits for the desktop's settings, so that it does not appear light on a
+// dark desktop. A running portal answers within half a millisecond, and so does a bus without one.
+// The settings of a portal that is just being started are followed later.
 constexpr std::chrono::milliseconds kSettingsPatience(25);
 
-// The interface is German, and so are the toolkit's own texts, whatever the desktop's language.
+// The interface is German in every locale, so the toolkit's own texts must be German, too.
 void speakGerman(QApplication& application, QTranslator& translator) {
     QLocale::setDefault(QLocale(QLocale::German));
     if (translator.load(u"qtbase_de"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
@@ -56,9 +54,10 @@ void follow(const DesktopSettings& settings, KorvanStyle& style) {
 
 int main(int argc, char** argv) {
     korvan::secureStandardStreams();
-    // Whoever started us may ignore the end of his children; we want to know of ours.
+    // The parent process may have ignored this signal, and a child inherits that. Korvan must learn
+    // when its own children end.
     std::signal(SIGCHLD, SIG_DFL);
-    // The toolkit takes it out of the environment.
+    // Before the toolkit takes the token out of the environment.
     const QString activationToken = korvan::activationTokenOfThisStart();
     auto portalTheme = std::make_unique<korvan::FilePortalTheme>();
     const auto filePanels = portalTheme->isChosen() ? DesktopFilePanels::Source::portal
@@ -81,7 +80,7 @@ int main(int argc, char** argv) {
     korvan::TavrelApp app(database, korvan::helperProgramPath(folder), filePanels);
     QObject::connect(&service, &korvan::ApplicationService::windowRequested, &app,
                      &korvan::TavrelApp::openWindow);
-    // Drawn in four sizes, which the first window need not wait for.
+    // The icon is drawn in four sizes. Queued, so that the first window does not wait for it.
     QObject::connect(
         &service, &korvan::ApplicationService::windowRequested, &application,
         [] {

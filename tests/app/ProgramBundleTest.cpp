@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "app/VersionText.h"
+#include "app/ProgramBundle.h"
 
 #include <gtest/gtest.h>
 
 namespace korvan {
 
-TEST(VersionText, WritesWhatIsMissingOrNoTextAsAQuestionMark) {
+TEST(ProgramBundle, WritesWhatIsMissingOrNoTextAsAQuestionMark) {
     BundleInformation bundle;
     EXPECT_EQ(versionText(bundle), "Version ? (?)  •  ?");
 
