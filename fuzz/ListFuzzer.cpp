@@ -12,7 +12,7 @@ namespace {
 template <class Record>
 void readList(const std::string& json) {
     std::string roomy = json; // the parser reads this one in place, and the other from a copy
-    roomy.reserve(json.size() + kJsonPadding);
+    reserveForJson(roomy, json.size());
     const auto records = decodeList<Record>(json, "list");
     const auto again = decodeList<Record>(roomy, "list");
     require(records.has_value() == again.has_value(), "room behind the text changes nothing");

@@ -36,7 +36,7 @@ int readValue(sqlite3* connection, std::int64_t row, std::string& data) {
     int code = sqlite3_blob_open(connection, "main", "defaults", "value", row, 0, &value);
     if (code == SQLITE_OK) {
         const int size = sqlite3_blob_bytes(value);
-        data.reserve(static_cast<std::size_t>(size) + kJsonPadding);
+        reserveForJson(data, static_cast<std::size_t>(size));
         data.resize_and_overwrite(static_cast<std::size_t>(size),
                                   [&](char* bytes, std::size_t length) {
                                       code = sqlite3_blob_read(value, bytes, size, 0);

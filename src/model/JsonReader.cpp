@@ -10,23 +10,28 @@ namespace korvan {
 
 namespace {
 
-// Deeper nesting of what is unknown is refused: it is read by a function that calls itself.
+using simdjson::error_code;
+
+// How deep an unknown value may nest. Each level takes a part of the stack.
 constexpr int kGreatestDepth = 500;
 
-// Takes digits off the front of `text`; false when there is none.
+constexpr std::string_view kAnyValue = "expected a value";
+
+// Removes the digits at the front of `text`. False when there are none.
 bool takeDigits(std::string_view& text) {
     const auto count = std::min(text.find_first_not_of("0123456789"), text.size());
     text.remove_prefix(count);
     return count > 0;
 }
 
+// Removes the first character of `text` if it is one of `characters`. False when it is not.
 bool takeAny(std::string_view& text, std::string_view characters) {
     if (text.empty() || !characters.contains(text.front())) return false;
     text.remove_prefix(1);
     return true;
 }
 
-// Whether `text` is a number as JSON has it, of whatever size.
+// Whether `text` is a JSON number, of any size.
 bool isNumber(std::string_view text) {
     takeAny(text, "-");
     if (!takeAny(text, "0") && !takeDigits(text)) return false;
@@ -38,7 +43,7 @@ bool isNumber(std::string_view text) {
     return text.empty();
 }
 
-// The exact value of a JSON number, if that is an integer of 64 bits: 22 for "22.0" and "2.2e1".
+// The exact value of a JSON number if it is an integer of 64 bits: 22 for "22.0" and "2.2e1".
 std::optional<std::int64_t> integerValue(std::string_view number) {
     const std::size_t mark = std::min(number.find_first_of("eE"), number.size());
     std::string digits(number.substr(0, mark));
@@ -50,7 +55,7 @@ std::optional<std::int64_t> integerValue(std::string_view number) {
         const char* begin = number.data() + mark + (hasPlus ? 2 : 1);
         const auto end = number.data() + number.size();
         if (std::from_chars(begin, end, exponent).ec != std::errc()) return std::nullopt;
-        // Beyond this, no text has the zeros that it would take, and the sum below could overflow.
+        // No text is long enough for more zeros, and a greater exponent could overflow below.
         constexpr std::int64_t kMostZeros = 1'000'000'000'000;
         if (exponent < -kMostZeros || exponent > kMostZeros) return std::nullopt;
     }
@@ -76,7 +81,7 @@ static_assert(kJsonPadding >= simdjson::SIMDJSON_PADDING);
 JsonReader::JsonReader(const std::string& text) {
     const std::string* source = &text;
     if (text.capacity() - text.size() < kJsonPadding) {
-        m_copy.reserve(text.size() + kJsonPadding);
+        reserveForJson(m_copy, text.size());
         m_copy = text;
         source = &m_copy;
     }
@@ -92,8 +97,7 @@ std::string JsonReader::failure() const {
 
 bool JsonReader::start(simdjson::ondemand::document& document) {
     m_place.clear();
-    const simdjson::error_code error = m_parser.iterate(m_text).get(document);
-    return !error || fail(error, {});
+    return isRead(m_parser.iterate(m_text).get(document), {});
 }
 
 bool JsonReader::end(simdjson::ondemand::document& document) {
@@ -106,8 +110,8 @@ bool JsonReader::fail(std::string_view reason) {
     return false;
 }
 
-bool JsonReader::fail(simdjson::error_code error, std::string_view reason) {
-    if (error == simdjson::INCORRECT_TYPE) return fail(reason);
+bool JsonReader::fail(error_code error, std::string_view expected) {
+    if (error == simdjson::INCORRECT_TYPE) return fail(expected);
     return fail(std::string("not valid JSON: ") + simdjson::error_message(error));
 }
 
@@ -122,8 +126,28 @@ bool JsonReader::failInElement(std::size_t index) {
     return failInside(element.append(std::to_string(index)).append("]"));
 }
 
-simdjson::simdjson_result<std::string_view> JsonReader::text(JsonValue& json) {
-    // The token reaches to the next one: as much as the text can be, with its quotes.
+// Keys
+
+bool JsonReader::findKey(simdjson::ondemand::field& member, std::span<const std::string_view> keys,
+                         std::size_t& place) {
+    const auto placeOf = [keys](const auto& key) {
+        const auto found = std::ranges::find_if(keys, [&](auto each) { return key == each; });
+        return static_cast<std::size_t>(found - keys.begin());
+    };
+    const simdjson::ondemand::raw_json_string written = member.key();
+    place = placeOf(written);
+    if (place < keys.size()) return true;
+    // A known key may be written with escapes, and an unknown one must be valid, too.
+    std::string_view unescaped;
+    if (!isRead(member.unescaped_key().get(unescaped), {})) return false;
+    place = placeOf(unescaped);
+    return true;
+}
+
+// Text
+
+simdjson::simdjson_result<std::string_view> JsonReader::unescape(JsonValue& json) {
+    // The token reaches to the next one. The text with its quotes is no longer than that.
     const std::size_t size = json.raw_json_token().size() + simdjson::SIMDJSON_PADDING;
     simdjson::ondemand::raw_json_string escaped;
     if (const auto error = json.get_raw_json_string().get(escaped)) return error;
@@ -136,10 +160,28 @@ simdjson::simdjson_result<std::string_view> JsonReader::text(JsonValue& json) {
 }
 
 bool JsonReader::readValue(JsonValue& json, std::string& value) {
-    std::string_view unescaped;
-    if (const auto error = text(json).get(unescaped)) return fail(error, "expected a string");
-    value = unescaped; // valid UTF-8: the parser refuses all else, lone surrogates included
+    std::string_view text;
+    if (!isRead(unescape(json).get(text), "expected a string")) return false;
+    value = text; // valid UTF-8: the parser refuses anything else, lone surrogates included
     return true;
+}
+
+bool JsonReader::readValue(JsonValue& json, Uuid& value) {
+    constexpr std::string_view expected = "expected a UUID";
+    std::string_view text;
+    if (!isRead(unescape(json).get(text), expected)) return false;
+    const std::optional<Uuid> uuid = Uuid::parse(text);
+    if (!uuid) return fail(expected);
+    value = *uuid;
+    return true;
+}
+
+// Numbers
+
+std::optional<std::string_view> JsonReader::number(JsonValue& json) {
+    std::string_view token = json.raw_json_token(); // with the white space behind it
+    token = token.substr(0, token.find_last_not_of(" \t\n\r") + 1);
+    return isNumber(token) ? std::optional(token) : std::nullopt;
 }
 
 bool JsonReader::readValue(JsonValue& json, std::int64_t& value) {
@@ -151,59 +193,46 @@ bool JsonReader::readValue(JsonValue& json, std::int64_t& value) {
     return true;
 }
 
-bool JsonReader::readValue(JsonValue& json, Uuid& value) {
-    std::string_view unescaped;
-    const auto error = text(json).get(unescaped);
-    if (error) return fail(error, "expected a UUID");
-    const std::optional<Uuid> uuid = Uuid::parse(unescaped);
-    if (!uuid) return fail("expected a UUID");
-    value = *uuid;
+// Unknown values
+
+bool JsonReader::skip(JsonValue& json, int depth) {
+    using Type = simdjson::ondemand::json_type;
+    Type type{};
+    if (!isRead(json.type().get(type), kAnyValue)) return false;
+    switch (type) {
+    case Type::array: return skipArray(json, depth);
+    case Type::object: return skipObject(json, depth);
+    case Type::string: return isRead(unescape(json).error(), kAnyValue);
+    // The parser itself refuses numbers that are too large for its types.
+    case Type::number: return number(json) || fail(simdjson::NUMBER_ERROR, kAnyValue);
+    case Type::boolean: return isRead(json.get_bool().error(), kAnyValue);
+    default: break;
+    }
+    // Null, or no value at all: newer versions of the parser have a type for that.
+    bool isNull = false;
+    if (!isRead(json.is_null().get(isNull), kAnyValue)) return false;
+    return isNull || fail(simdjson::N_ATOM_ERROR, kAnyValue);
+}
+
+bool JsonReader::skipArray(JsonValue& json, int depth) {
+    if (depth == kGreatestDepth) return fail(simdjson::DEPTH_ERROR, kAnyValue);
+    for (auto element : json.get_array()) {
+        if (!isRead(element.error(), kAnyValue)) return false;
+        JsonValue value = element.value_unsafe();
+        if (!skip(value, depth + 1)) return false;
+    }
     return true;
 }
 
-std::optional<std::string_view> JsonReader::number(JsonValue& json) {
-    std::string_view token = json.raw_json_token(); // with the blanks behind it
-    token = token.substr(0, token.find_last_not_of(" \t\n\r") + 1);
-    return isNumber(token) ? std::optional(token) : std::nullopt;
-}
-
-bool JsonReader::drop(JsonValue& json, int depth) {
-    using Type = simdjson::ondemand::json_type;
-    constexpr std::string_view reason = "expected a value";
-    Type type{};
-    if (const auto error = json.type().get(type)) return fail(error, reason);
-    const bool nests = type == Type::array || type == Type::object;
-    if (nests && depth == kGreatestDepth) return fail(simdjson::DEPTH_ERROR, reason);
-    simdjson::error_code error = simdjson::SUCCESS;
-    bool isNull = true;
-    switch (type) {
-    case Type::array:
-        for (auto element : json.get_array()) {
-            if (element.error()) return fail(element.error(), reason);
-            JsonValue inner = element.value_unsafe();
-            if (!drop(inner, depth + 1)) return false;
-        }
-        break;
-    case Type::object:
-        for (auto member : json.get_object()) {
-            if (member.error()) return fail(member.error(), reason);
-            simdjson::ondemand::field&& field = std::move(member).value_unsafe();
-            error = field.unescaped_key().error();
-            if (error) return fail(error, reason);
-            if (!drop(field.value(), depth + 1)) return false;
-        }
-        break;
-    case Type::string: error = text(json).error(); break;
-    // Not by the parser, which refuses those that are too large for it.
-    case Type::number:
-        if (!number(json)) error = simdjson::NUMBER_ERROR;
-        break;
-    case Type::boolean: error = json.get_bool().error(); break;
-    // null, and what begins like no value: newer versions of the parser have a kind for it.
-    default: error = json.is_null().get(isNull); break;
+bool JsonReader::skipObject(JsonValue& json, int depth) {
+    if (depth == kGreatestDepth) return fail(simdjson::DEPTH_ERROR, kAnyValue);
+    for (auto member : json.get_object()) {
+        if (!isRead(member.error(), kAnyValue)) return false;
+        simdjson::ondemand::field&& field = std::move(member).value_unsafe();
+        if (!isRead(field.unescaped_key().error(), kAnyValue)) return false;
+        if (!skip(field.value(), depth + 1)) return false;
     }
-    if (!isNull) error = simdjson::N_ATOM_ERROR;
-    return !error || fail(error, reason);
+    return true;
 }
 
 } // namespace korvan

@@ -11,6 +11,7 @@
 #include <memory>
 #include <optional>
 #include <simdjson.h>
+#include <span>
 #include <string>
 #include <string_view>
 #include <tuple>
@@ -25,25 +26,28 @@ inline constexpr bool isOptional = false;
 template <class Value>
 inline constexpr bool isOptional<std::optional<Value>> = true;
 
-// Reads records from JSON. Included by the few files that read whole documents, since the parser's
-// header is large.
+// Reads records from JSON. Only the few files that read whole documents include this, since the
+// parser's header is large.
 //
-// The parser goes through the text once and keeps no document in memory, only where its tokens
-// begin. It checks no more than what it is asked for, and so everything is asked for: what a record
-// does not know is read as well, and dropped.
+// The parser goes through the text once and keeps only the places of its tokens in memory, no
+// document. It checks only what it is asked for. So the reader asks for everything: it reads even
+// the values that no record knows, and skips them.
 class JsonReader final {
 public:
-    // `text` must outlive the reader. It is not copied when it has room for kJsonPadding.
+    // `text` must outlive the reader. It is read in place if reserveForJson was called for it, and
+    // otherwise from a copy.
     explicit JsonReader(const std::string& text);
 
-    // Assigns `value`, a record or a vector of records, from the whole text; false when that is not
-    // possible, with `value` half read. May be called again, for another type too. Elements are
-    // counted before they are read, for a tenth of the time, unless their vector has room already.
+    // Reads the whole text into `value`, a record or a vector of records. On failure the answer is
+    // false, `value` is half read, and failure() tells why. May be called again, for another type
+    // too.
     //
-    // A byte order mark is ignored. So are unknown keys, whatever JSON is under them, numbers of
-    // any size included; 500 levels of nesting are the most there. Of a repeated key each value
-    // must have the right type, and the last one counts. A number is an integer when its value
-    // is: 22.0.
+    // Ignores a byte order mark, and unknown keys with whatever JSON they hold, up to 500 levels
+    // deep. A key may stand twice: each value must have the right type, and the last one counts.
+    // A number is an integer when its value is one, as in 22.0.
+    //
+    // Reserves memory for all elements of a vector that has none. That takes a tenth of the time,
+    // so a caller who knows their number reserves it.
     template <class Value>
     [[nodiscard]] bool read(Value& value);
 
@@ -55,10 +59,9 @@ private:
     using Array = simdjson::simdjson_result<simdjson::ondemand::array>;
     using JsonValue = simdjson::ondemand::value;
 
-    // What reading needs to know of a field once its type is forgotten.
+    // A field of a record without the type of its member, so that all fields fit in one array.
     template <class Record>
     struct FieldReader {
-        std::string_view key;
         bool isRequired;
         bool (*read)(JsonReader&, JsonValue&, Record&);
     };
@@ -70,8 +73,12 @@ private:
     template <class Record>
     static constexpr std::size_t leastLength();
 
-    // Each of these reads all of its value, or says why it cannot and returns false. The outermost
-    // one is asked of the document, which alone looks whether the text ends as it begins.
+    // Each function below that answers a bool reads all of its value. False means that it could
+    // not, and that the reason is noted.
+
+    bool start(simdjson::ondemand::document& document);
+    // The outermost value is asked of the document: nothing else checks that the text ends with the
+    // bracket that belongs to the first.
     template <class Record>
     bool readRoot(simdjson::ondemand::document& document, Record& record) {
         return readRecord(document.get_object(), record);
@@ -80,10 +87,13 @@ private:
     bool readRoot(simdjson::ondemand::document& document, std::vector<Record>& records) {
         return readRecords(document.get_array(), records);
     }
+    bool end(simdjson::ondemand::document& document);
+
     template <class Record>
     bool readRecord(Object result, Record& record);
     template <class Record>
     bool readRecords(Array result, std::vector<Record>& records);
+
     template <class Record>
     bool readValue(JsonValue& json, std::vector<Record>& records) {
         return readRecords(json.get_array(), records);
@@ -91,38 +101,43 @@ private:
     template <class Value>
     bool readValue(JsonValue& json, std::optional<Value>& value);
     bool readValue(JsonValue& json, std::string& value);
-    bool readValue(JsonValue& json, std::int64_t& value);
     bool readValue(JsonValue& json, Uuid& value);
-    // Reads what nobody knows, which is `depth` levels below the first such value.
-    bool drop(JsonValue& json, int depth);
+    bool readValue(JsonValue& json, std::int64_t& value);
 
-    // The text of a string, until the next one is asked for.
-    simdjson::simdjson_result<std::string_view> text(JsonValue& json);
+    // Reads a value that no record knows. `depth` counts the unknown values around it.
+    bool skip(JsonValue& json, int depth);
+    bool skipArray(JsonValue& json, int depth);
+    bool skipObject(JsonValue& json, int depth);
 
-    // A number as it is written; nothing when it is none.
+    // Sets `place` to that of the key of `member` among `keys`, or to their number when it is none
+    // of them.
+    bool findKey(simdjson::ondemand::field& member, std::span<const std::string_view> keys,
+                 std::size_t& place);
+
+    // A string without its escapes. Valid until the next call.
+    simdjson::simdjson_result<std::string_view> unescape(JsonValue& json);
+
+    // A number as it is written; nothing when `json` is none.
     static std::optional<std::string_view> number(JsonValue& json);
 
-    // Moves `place` to the field that has the key of `member`, or behind the last one. The search
-    // begins at `place`, and so ends at once where the keys come in their own order.
-    template <class Record>
-    simdjson::error_code findField(simdjson::ondemand::field& member, std::size_t& place);
-
-    bool start(simdjson::ondemand::document& document);
-    bool end(simdjson::ondemand::document& document);
-
+    // Whether the parser answered without `error`. Otherwise notes that the text is not JSON, or,
+    // when only the type is wrong, what was `expected`.
+    bool isRead(simdjson::error_code error, std::string_view expected) {
+        return !error || fail(error, expected);
+    }
+    // Note the reason and return false.
+    bool fail(simdjson::error_code error, std::string_view expected);
     bool fail(std::string_view reason);
-    // As fail, where `error` may also say that this is no JSON.
-    bool fail(simdjson::error_code error, std::string_view reason);
-    // Both put `m_place`, made from the inside out, into what is around it, and return false.
+    // Put the name of what is around it before `m_place`, and return false.
     bool failInside(std::string_view outer);
     bool failInElement(std::size_t index);
 
     simdjson::ondemand::parser m_parser;
-    std::string m_copy; // of the text, when it had no room for the padding
+    std::string m_copy; // of a text that cannot be read in place
     simdjson::padded_string_view m_text;
     std::unique_ptr<std::uint8_t[]> m_unescaped;
     std::size_t m_unescapedSize = 0;
-    std::string m_place;
+    std::string m_place; // of the failure, as in `[1].host`; built from the inside out
     std::string m_reason;
 };
 
@@ -135,7 +150,7 @@ bool JsonReader::read(Value& value) {
 template <class Value>
 bool JsonReader::readValue(JsonValue& json, std::optional<Value>& value) {
     bool isNull = false;
-    if (const auto error = json.is_null().get(isNull)) return fail(error, "expected null");
+    if (!isRead(json.is_null().get(isNull), "expected null")) return false;
     if (!isNull) return readValue(json, value.emplace());
     value.reset();
     return true;
@@ -145,8 +160,7 @@ template <class Record, std::size_t place>
 constexpr JsonReader::FieldReader<Record> JsonReader::fieldReader() {
     constexpr auto field = std::get<place>(kFields<Record>);
     using Member = std::remove_cvref_t<decltype(std::declval<Record&>().*field.member)>;
-    return {field.key, !isOptional<Member>,
-            [](JsonReader& reader, JsonValue& json, Record& record) {
+    return {!isOptional<Member>, [](JsonReader& reader, JsonValue& json, Record& record) {
                 return reader.readValue(json, record.*std::get<place>(kFields<Record>).member);
             }};
 }
@@ -155,77 +169,66 @@ template <class Record>
 constexpr auto JsonReader::fieldReaders() {
     return []<std::size_t... place>(std::index_sequence<place...>) {
         return std::array{fieldReader<Record, place>()...};
-    }(std::make_index_sequence<std::tuple_size_v<decltype(kFields<Record>)>>());
+    }(std::make_index_sequence<kKeys<Record>.size()>());
 }
 
-// How many bytes a record needs at least: its braces, and of each required field the key, two
-// quotes, a colon, a comma or brace and one more for the value.
+// How many bytes a record has at least: its braces, and for each required field the key, two
+// quotes, a colon, a comma and one byte of the value.
 template <class Record>
 constexpr std::size_t JsonReader::leastLength() {
+    constexpr auto readers = fieldReaders<Record>();
     std::size_t length = 2;
-    for (const auto& field : fieldReaders<Record>())
-        length += field.isRequired ? field.key.size() + 5 : 0;
+    for (std::size_t i = 0; i < readers.size(); ++i)
+        length += readers[i].isRequired ? kKeys<Record>[i].size() + 5 : 0;
     return length;
-}
-
-template <class Record>
-simdjson::error_code JsonReader::findField(simdjson::ondemand::field& member, std::size_t& place) {
-    static constexpr auto readers = fieldReaders<Record>();
-    const simdjson::ondemand::raw_json_string written = member.key();
-    for (std::size_t i = 0; i < readers.size(); ++i, ++place) {
-        if (place >= readers.size()) place = 0;
-        if (written == readers[place].key) return simdjson::SUCCESS;
-    }
-    std::string_view key; // with its escapes, which no one but a stranger would write
-    const simdjson::error_code error = member.unescaped_key().get(key);
-    const auto found = std::ranges::find(readers, key, &FieldReader<Record>::key);
-    place = static_cast<std::size_t>(found - readers.begin());
-    return error;
 }
 
 template <class Record>
 bool JsonReader::readRecord(Object result, Record& record) {
     static constexpr auto readers = fieldReaders<Record>();
-    if (result.error()) return fail(result.error(), "expected an object");
+    static constexpr auto keys = kKeys<Record>;
+    if (!isRead(result.error(), "expected an object")) return false;
     simdjson::ondemand::object object = result.value_unsafe();
     std::array<bool, readers.size()> isPresent{};
     std::size_t place = 0;
     for (auto member : object) {
-        if (member.error()) return fail(member.error(), {});
-        // In place: copied, it costs a tenth of the reading.
+        if (!isRead(member.error(), {})) return false;
+        // Not copied: that would take a tenth of the time.
         simdjson::ondemand::field&& field = std::move(member).value_unsafe();
-        if (const auto error = findField<Record>(field, place)) return fail(error, {});
+        // Keys mostly come in the order of the fields.
+        const bool isExpected = place < keys.size() && field.key() == keys[place];
+        if (!isExpected && !findKey(field, keys, place)) return false;
         if (place == readers.size()) {
-            if (!drop(field.value(), 0)) return false;
+            if (!skip(field.value(), 0)) return false;
             continue;
         }
-        if (!readers[place].read(*this, field.value(), record))
-            return failInside(readers[place].key);
+        if (!readers[place].read(*this, field.value(), record)) return failInside(keys[place]);
         isPresent[place] = true;
         ++place;
     }
-    for (place = 0; place < readers.size(); ++place) {
-        if (isPresent[place] || !readers[place].isRequired) continue;
+    for (std::size_t i = 0; i < readers.size(); ++i) {
+        if (isPresent[i] || !readers[i].isRequired) continue;
         fail("required key is missing");
-        return failInside(readers[place].key);
+        return failInside(keys[i]);
     }
     return true;
 }
 
 template <class Record>
 bool JsonReader::readRecords(Array result, std::vector<Record>& records) {
-    if (result.error()) return fail(result.error(), "expected an array");
+    if (!isRead(result.error(), "expected an array")) return false;
     simdjson::ondemand::array array = result.value_unsafe();
     records.clear();
     if (records.capacity() == 0) {
         std::size_t count = 0;
-        if (const auto error = array.count_elements().get(count)) return fail(error, {});
-        // Not for elements that cannot be records: a list of digits would reserve all there is.
+        if (!isRead(array.count_elements().get(count), {})) return false;
+        // Elements that are too short for records count for less: a hostile list of digits would
+        // reserve all memory.
         records.reserve(std::min(count, m_text.size() / leastLength<Record>()));
     }
     for (auto element : array) {
-        if (element.error()) return fail(element.error(), {});
-        // With an id in place, or each element would draw a random one only to lose it.
+        if (!isRead(element.error(), {})) return false;
+        // The id is given: a record makes a random one otherwise, only to lose it.
         if (readRecord(element.get_object(), records.emplace_back(Uuid()))) continue;
         return failInElement(records.size() - 1);
     }

@@ -101,7 +101,7 @@ void JsonWriter::key(std::string_view key) {
     separate();
     m_text += '"';
     m_text += key;
-    m_text += m_isPretty ? "\" : " : "\":";
+    m_text += m_form == JsonForm::prettySorted ? "\" : " : "\":";
 }
 
 void JsonWriter::value(std::string_view text) {
@@ -143,7 +143,7 @@ void JsonWriter::separate() {
 }
 
 void JsonWriter::breakLine() {
-    if (!m_isPretty) return;
+    if (m_form == JsonForm::compact) return;
     m_text += '\n';
     m_text.append(2 * m_depth, ' ');
 }

@@ -22,22 +22,25 @@ enum class JsonForm {
     prettySorted, // two spaces an indent, a line for each member and element, keys sorted
 };
 
-// Writes JSON text piece by piece. The solidus is escaped and text outside ASCII stays UTF-8; a
-// byte that is no part of valid UTF-8 becomes U+FFFD, so that what is written can always be read.
-// The caller calls the functions in an order that makes a JSON value.
+// Writes JSON text piece by piece. The solidus is escaped, and text outside ASCII stays UTF-8. A
+// byte that is not part of valid UTF-8 becomes U+FFFD, so that the text can always be read again.
+// The caller must call the functions in an order that makes one JSON value.
 class JsonWriter final {
 public:
-    explicit JsonWriter(JsonForm form) : m_isPretty(form == JsonForm::prettySorted) {}
+    explicit JsonWriter(JsonForm form) : m_form(form) {}
+
+    [[nodiscard]] JsonForm form() const { return m_form; }
 
     void beginObject() { open('{'); }
     void endObject() { close('}'); }
     void beginArray() { open('['); }
     void endArray() { close(']'); }
 
-    // The next member of the object that is open; its value comes next. `key` needs no escapes.
+    // Starts a member of the open object; the caller writes its value next. `key` is written as it
+    // is, without escapes.
     void key(std::string_view key);
 
-    // The next element of the array that is open comes next.
+    // Starts an element of the open array; the caller writes it next.
     void element() { separate(); }
 
     void value(std::string_view text);
@@ -45,12 +48,13 @@ public:
     void value(std::int64_t number);
     void value(const Uuid& uuid);
 
+    // The number of bytes written so far.
     [[nodiscard]] std::size_t length() const { return m_text.size(); }
 
-    // Makes room for about so much more text, so that what is written need not be moved again.
+    // Reserves memory for about `length` more bytes, so that the text is not moved while it grows.
     void expect(std::size_t length) { m_text.reserve(m_text.size() + length + length / 16); }
 
-    // The text written so far; the writer is empty afterwards.
+    // Hands over the text written so far. The writer is empty afterwards.
     [[nodiscard]] std::string take() { return std::exchange(m_text, {}); }
 
 private:
@@ -61,73 +65,68 @@ private:
 
     std::string m_text;
     std::size_t m_depth = 0;
-    bool m_isPretty;
+    JsonForm m_form;
     bool m_isFirst = true;
 };
 
 namespace json {
 
-// The places of a record's fields in the order of their sorted keys.
+// The positions of a record's fields, in the order of their sorted keys.
 template <class Record>
 constexpr auto sortedFields() {
-    constexpr std::size_t count = std::tuple_size_v<decltype(kFields<Record>)>;
-    const auto keys =
-        std::apply([](const auto&... field) { return std::array{field.key...}; }, kFields<Record>);
-    std::array<std::size_t, count> order{};
-    for (std::size_t i = 0; i < count; ++i)
+    std::array<std::size_t, kKeys<Record>.size()> order{};
+    for (std::size_t i = 0; i < order.size(); ++i)
         order[i] = i;
-    std::ranges::sort(order, {}, [&](std::size_t i) { return keys[i]; });
+    std::ranges::sort(order, {}, [](std::size_t i) { return kKeys<Record>[i]; });
     return order;
 }
 
 template <class Record>
-void writeRecord(JsonWriter& writer, const Record& record, JsonForm form);
+void writeRecord(JsonWriter& writer, const Record& record);
 
 template <class Value>
-void writeValue(JsonWriter& writer, const Value& value, JsonForm) {
+void writeValue(JsonWriter& writer, const Value& value) {
     writer.value(value);
 }
 
 template <class Record>
-void writeValue(JsonWriter& writer, const std::vector<Record>& records, JsonForm form) {
-    constexpr std::size_t sampleSize = 64; // enough to tell how long the others will be
+void writeValue(JsonWriter& writer, const std::vector<Record>& records) {
+    constexpr std::size_t sampleSize = 64; // records that tell how long the others will be
     const std::size_t start = writer.length();
     writer.beginArray();
     for (std::size_t i = 0; i < records.size(); ++i) {
         if (i == sampleSize)
             writer.expect((writer.length() - start) / sampleSize * (records.size() - i));
         writer.element();
-        writeRecord(writer, records[i], form);
+        writeRecord(writer, records[i]);
     }
     writer.endArray();
 }
 
 template <class Value>
-void writeMember(JsonWriter& writer, std::string_view key, const Value& value, JsonForm form) {
+void writeMember(JsonWriter& writer, std::string_view key, const Value& value) {
     writer.key(key);
-    writeValue(writer, value, form);
+    writeValue(writer, value);
 }
 
-// What is absent is left out, never written as null.
+// An absent value is left out, not written as null.
 template <class Value>
-void writeMember(JsonWriter& writer, std::string_view key, const std::optional<Value>& value,
-                 JsonForm form) {
-    if (value) writeMember(writer, key, *value, form);
+void writeMember(JsonWriter& writer, std::string_view key, const std::optional<Value>& value) {
+    if (value) writeMember(writer, key, *value);
 }
 
 template <class Record>
-void writeRecord(JsonWriter& writer, const Record& record, JsonForm form) {
+void writeRecord(JsonWriter& writer, const Record& record) {
     const auto write = [&](const auto& field) {
-        writeMember(writer, field.key, record.*field.member, form);
+        writeMember(writer, field.key, record.*field.member);
     };
-    constexpr auto count = std::tuple_size_v<decltype(kFields<Record>)>;
     writer.beginObject();
     [&]<std::size_t... place>(std::index_sequence<place...>) {
-        if (form == JsonForm::compact)
+        if (writer.form() == JsonForm::compact)
             (write(std::get<place>(kFields<Record>)), ...);
         else
             (write(std::get<sortedFields<Record>()[place]>(kFields<Record>)), ...);
-    }(std::make_index_sequence<count>());
+    }(std::make_index_sequence<kKeys<Record>.size()>());
     writer.endObject();
 }
 

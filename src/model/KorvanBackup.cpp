@@ -59,7 +59,7 @@ KorvanBackup makeBackup(std::vector<SSHProfile> profiles, std::vector<CommandSni
 
 std::string writeBackup(const KorvanBackup& backup) {
     JsonWriter writer(JsonForm::prettySorted);
-    json::writeRecord(writer, backup, JsonForm::prettySorted);
+    json::writeRecord(writer, backup);
     return writer.take();
 }
 

@@ -9,7 +9,7 @@ namespace korvan {
 template <class Record>
 std::string encodeList(const std::vector<Record>& records) {
     JsonWriter writer(JsonForm::compact);
-    json::writeValue(writer, records, JsonForm::compact);
+    json::writeValue(writer, records);
     return writer.take();
 }
 

@@ -175,7 +175,7 @@ Result<std::string> readFile(const fs::path& path) {
     std::size_t length = 0;
     while (true) {
         // One byte more than expected, so that the end is seen without another round.
-        bytes.reserve(expected + 1 + kJsonPadding);
+        reserveForJson(bytes, expected + 1);
         bytes.resize(expected + 1);
         const ssize_t count = ::read(file.number(), bytes.data() + length, bytes.size() - length);
         if (count < 0 && errno == EINTR) continue;

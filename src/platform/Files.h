@@ -15,8 +15,8 @@ namespace korvan {
 // konnte nicht gelesen werden".
 [[nodiscard]] Error posixError(int code, std::string_view what, const std::filesystem::path& path);
 
-// The bytes of a regular file. Anything else (a folder, a pipe, a device) is refused without
-// waiting for it. The string has room for kJsonPadding.
+// The bytes of a regular file. Fails for anything else (a folder, a pipe, a device) without waiting
+// for it.
 [[nodiscard]] Result<std::string> readFile(const std::filesystem::path& path);
 
 // Puts `bytes` at `path` so that at every moment, a loss of power included, either the earlier file

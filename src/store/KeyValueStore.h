@@ -29,9 +29,8 @@ public:
     KeyValueStore& operator=(const KeyValueStore&) = delete;
     virtual ~KeyValueStore() = default;
 
-    // The bytes under each of `keys`, in that order, all as they were at one moment; best with room
-    // for kJsonPadding. One fails when it cannot be read just now, in which case there may well be
-    // a value.
+    // The bytes under each of `keys`, in that order, all as they were at one moment. The result of
+    // a key is an error when it cannot be read just now; there may be a value all the same.
     [[nodiscard]] virtual std::vector<Result<Data>>
     dataForKeys(std::span<const std::string_view> keys) = 0;
 

@@ -54,7 +54,7 @@ private:
         const auto found = values.find(key);
         if (found == values.end()) return std::nullopt;
         std::string copy;
-        copy.reserve(found->second.size() + kJsonPadding);
+        reserveForJson(copy, found->second.size());
         copy.append(found->second);
         return copy;
     }
