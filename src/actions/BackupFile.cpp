@@ -5,11 +5,11 @@
 
 namespace korvan {
 
-Result<> writeBackupFile(const std::string& path, const KorvanBackup& backup) {
+Result<> writeBackupFile(const std::filesystem::path& path, const KorvanBackup& backup) {
     return writeFileAtomically(path, writeBackup(backup));
 }
 
-Result<KorvanBackup> readBackupFile(const std::string& path,
+Result<KorvanBackup> readBackupFile(const std::filesystem::path& path,
                                     const std::vector<SSHCategory>& currentCategories) {
     const auto bytes = readFile(path);
     if (!bytes) return std::unexpected(bytes.error());

@@ -71,8 +71,7 @@ Result<> TerminalLauncher::openInTerminal(std::string_view command,
     if (auto written = writeFileAtomically(path, terminalScript(command)); !written) return written;
     if (auto made = makeExecutable(path); !made) return made;
     const auto refusedLater = [failedLater = std::move(failedLater)] { failedLater(refused()); };
-    if (!m_workspace.openFile(path.string(), kTerminal, refusedLater))
-        return std::unexpected(refused());
+    if (!m_workspace.openFile(path, kTerminal, refusedLater)) return std::unexpected(refused());
     return {};
 }
 

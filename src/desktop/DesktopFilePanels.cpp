@@ -131,7 +131,7 @@ QString DesktopFilePanels::run(QFileDialog& dialog, QString& folder) {
     return files.first();
 }
 
-std::optional<std::string> DesktopFilePanels::runSavePanel(const SavePanel& panel) {
+std::optional<std::filesystem::path> DesktopFilePanels::runSavePanel(const SavePanel& panel) {
     // Asked once: between the dialogs no window is active.
     QWidget* const window = QApplication::activeWindow();
     const QString title = toQString(panel.title);
@@ -156,7 +156,7 @@ std::optional<std::string> DesktopFilePanels::runSavePanel(const SavePanel& pane
     }
 }
 
-std::optional<std::string> DesktopFilePanels::runOpenPanel(const OpenPanel& panel) {
+std::optional<std::filesystem::path> DesktopFilePanels::runOpenPanel(const OpenPanel& panel) {
     const bool isTyped = !panel.fileTypes.empty();
     QString& folder = isTyped ? m_typedFolder : m_anyFolder;
     QFileDialog dialog(QApplication::activeWindow(), toQString(panel.title));

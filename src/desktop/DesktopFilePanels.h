@@ -37,8 +37,10 @@ public:
     explicit DesktopFilePanels(MayReplace mayReplace, Source source = Source::theme,
                                QDBusConnection bus = QDBusConnection::sessionBus());
 
-    [[nodiscard]] std::optional<std::string> runSavePanel(const SavePanel& panel) override;
-    [[nodiscard]] std::optional<std::string> runOpenPanel(const OpenPanel& panel) override;
+    [[nodiscard]] std::optional<std::filesystem::path>
+    runSavePanel(const SavePanel& panel) override;
+    [[nodiscard]] std::optional<std::filesystem::path>
+    runOpenPanel(const OpenPanel& panel) override;
 
 private:
     // The chosen path, empty when the user cancelled. `folder` is where the dialog opens and, after

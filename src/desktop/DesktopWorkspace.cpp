@@ -46,7 +46,7 @@ DesktopWorkspace::DesktopWorkspace(fs::path helperProgram,
                                    std::function<std::string()> activationToken)
     : m_helperProgram(std::move(helperProgram)), m_activationToken(std::move(activationToken)) {}
 
-bool DesktopWorkspace::openFile(const std::string& path, std::string_view application,
+bool DesktopWorkspace::openFile(const fs::path& path, std::string_view application,
                                 std::function<void()> refusedLater) {
     if (application != "Terminal") return false;
     if (!isExecutable(m_helperProgram) || !hasInterpreter(path)) return false;

@@ -29,7 +29,7 @@ public:
 
     // Answers no when something is missing that the terminal itself would not report (the script,
     // its interpreter, the helper, a display), or when no terminal can be started.
-    [[nodiscard]] bool openFile(const std::string& path, std::string_view application,
+    [[nodiscard]] bool openFile(const std::filesystem::path& path, std::string_view application,
                                 std::function<void()> refusedLater) override;
 
 private:

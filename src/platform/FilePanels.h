@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -28,10 +29,12 @@ public:
 
     // The absolute path that the user chose to write to, nothing when they cancelled. They have
     // agreed to replacing a file that is there.
-    [[nodiscard]] virtual std::optional<std::string> runSavePanel(const SavePanel& panel) = 0;
+    [[nodiscard]] virtual std::optional<std::filesystem::path>
+    runSavePanel(const SavePanel& panel) = 0;
 
     // The absolute path of one existing file, nothing when the user cancelled.
-    [[nodiscard]] virtual std::optional<std::string> runOpenPanel(const OpenPanel& panel) = 0;
+    [[nodiscard]] virtual std::optional<std::filesystem::path>
+    runOpenPanel(const OpenPanel& panel) = 0;
 };
 
 } // namespace korvan

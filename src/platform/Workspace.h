@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <filesystem>
 #include <functional>
-#include <string>
 #include <string_view>
 
 namespace korvan {
@@ -21,7 +21,8 @@ public:
     // Some programs fail only a moment after they were started. When that happens after the answer
     // was yes and nothing else takes the file either, `refusedLater` is called, once, from the
     // event loop. It is not called after the answer was no.
-    [[nodiscard]] virtual bool openFile(const std::string& path, std::string_view application,
+    [[nodiscard]] virtual bool openFile(const std::filesystem::path& path,
+                                        std::string_view application,
                                         std::function<void()> refusedLater) = 0;
 };
 

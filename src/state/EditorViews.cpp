@@ -52,9 +52,9 @@ void ProfileEditorView::setPortText(std::string_view text) {
 }
 
 bool ProfileEditorView::chooseIdentityFile(FilePanels& filePanels) {
-    auto path = filePanels.runOpenPanel({"SSH Key auswählen", {}});
+    const auto path = filePanels.runOpenPanel({"SSH Key auswählen", {}});
     if (!path) return false;
-    profile.identityFile = std::move(*path);
+    profile.identityFile = path->string();
     return true;
 }
 

@@ -55,7 +55,7 @@ TEST(TerminalLauncher, HandsAnExecutablePrivateScriptToTheTerminal) {
     EXPECT_EQ(launch.workspace.application, "Terminal");
     ASSERT_EQ(launch.workspace.paths.size(), 2U);
     EXPECT_NE(launch.workspace.paths[0], launch.workspace.paths[1]);
-    for (const std::filesystem::path path : launch.workspace.paths) {
+    for (const std::filesystem::path& path : launch.workspace.paths) {
         const std::string name = path.filename();
         const auto uuid = Uuid::parse(std::string_view(name).substr(7, Uuid::kTextLength));
         EXPECT_EQ(name, "Korvan_" + uuid.value_or(Uuid()).text() + ".command");

@@ -62,7 +62,7 @@ protected:
     RecordingDesktop desktop;
     std::optional<ContentView> window{std::in_place, memory, desktop.desktop()};
     ContentView& view = *window;
-    std::optional<std::string>& chosenFile = desktop.filePanels.answer;
+    std::optional<std::filesystem::path>& chosenFile = desktop.filePanels.answer;
     const CategoryFilter inCategory = CategoryFilter::category(exampleCategory().id);
 };
 
@@ -312,7 +312,7 @@ TEST_F(BackupActions, SayWhatFailedAndChangeNothing) {
     view.exportBackup();
     expectError("Export fehlgeschlagen: Die Datei konnte nicht geschrieben werden: Ein Teil des "
                 "Pfades ist kein Ordner („" +
-                *chosenFile + "“).");
+                chosenFile->string() + "“).");
     chosenFile = folder.path() / "Datei";
     view.importBackup();
     expectError("Import fehlgeschlagen: Backup konnte nicht gelesen werden (weder V1 noch V2). "
@@ -321,7 +321,7 @@ TEST_F(BackupActions, SayWhatFailedAndChangeNothing) {
     view.importBackup();
     expectError("Import fehlgeschlagen: Die Datei konnte nicht gelesen werden: Das ist ein Ordner "
                 "(„" +
-                *chosenFile + "“).");
+                chosenFile->string() + "“).");
     EXPECT_EQ(textOf(folder.path() / "Datei"), "Kein JSON");
     EXPECT_EQ(memory.values, before);
     EXPECT_TRUE(view.pendingImportBackup->has_value()) << "what waits is still there";

@@ -28,16 +28,16 @@ class RecordingWorkspace final : public Workspace {
 public:
     ~RecordingWorkspace() override {
         std::error_code ignored;
-        for (const std::string& path : paths)
+        for (const std::filesystem::path& path : paths)
             std::filesystem::remove(path, ignored);
     }
 
     bool accepts = true;
-    std::vector<std::string> paths;
+    std::vector<std::filesystem::path> paths;
     std::string application;
     std::function<void()> refusedLater;
 
-    bool openFile(const std::string& path, std::string_view with,
+    bool openFile(const std::filesystem::path& path, std::string_view with,
                   std::function<void()> refused) override {
         paths.push_back(path);
         application = with;
@@ -46,14 +46,14 @@ public:
     }
 };
 
-// Panels whose user has made up his mind beforehand.
+// Panels whose user has decided beforehand.
 class PreparedFilePanels final : public FilePanels {
 public:
-    std::optional<std::string> answer;
+    std::optional<std::filesystem::path> answer;
     OpenPanel openPanel;
 
-    std::optional<std::string> runSavePanel(const SavePanel&) override { return answer; }
-    std::optional<std::string> runOpenPanel(const OpenPanel& panel) override {
+    std::optional<std::filesystem::path> runSavePanel(const SavePanel&) override { return answer; }
+    std::optional<std::filesystem::path> runOpenPanel(const OpenPanel& panel) override {
         openPanel = panel;
         return answer;
     }
