@@ -3,10 +3,10 @@
 
 #include "desktop/TerminalStarter.h"
 #include "desktop/Terminals.h"
+#include "platform/ChildProcess.h"
 
 #include <algorithm>
 #include <fstream>
-#include <unistd.h>
 #include <utility>
 
 namespace korvan {
@@ -17,14 +17,9 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kHelperName = "korvan-run-script";
 
-bool isExecutable(const fs::path& path) {
-    std::error_code ignored;
-    return fs::is_regular_file(path, ignored) && ::access(path.c_str(), X_OK) == 0;
-}
-
-// Whether the program that a script names in its first line is there. With it missing, most
-// terminals look as if all were well. The script itself need not be executable, and where it lies
-// nothing may be: the helper only reads it.
+// Whether the program that a script names in its first line is there. Without it, most terminals
+// look as if all were well. The script itself need not be executable, and cannot be in a folder
+// that is mounted "noexec": the helper only reads it.
 bool hasInterpreter(const fs::path& script) {
     std::ifstream file(script);
     std::string line;
@@ -51,12 +46,12 @@ bool DesktopWorkspace::openFile(const fs::path& path, std::string_view applicati
     if (application != "Terminal") return false;
     if (!isExecutable(m_helperProgram) || !hasInterpreter(path)) return false;
 
-    // It ends by itself, or with m_attempts.
-    auto* attempt = new TerminalStarter(terminalCommands(TerminalEnvironment::current()),
+    // Deletes itself when it is done, or is deleted with m_starters.
+    auto* starter = new TerminalStarter(terminalCommands(TerminalEnvironment::current()),
                                         {m_helperProgram, path, m_activationToken},
-                                        std::move(refusedLater), &m_attempts);
-    if (attempt->start()) return true;
-    delete attempt;
+                                        std::move(refusedLater), &m_starters);
+    if (starter->startNext()) return true;
+    delete starter;
     return false;
 }
 

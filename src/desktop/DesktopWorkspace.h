@@ -10,32 +10,32 @@
 
 namespace korvan {
 
-// The helper that runs a script in a terminal: beside the program when it runs where it was built,
-// below libexec when it is installed. `applicationFolder` is where the program lies.
+// The path of the helper that runs a script in a terminal: beside the program in a build folder,
+// below libexec when installed. `applicationFolder` is the program's. The helper may be missing.
 [[nodiscard]] std::filesystem::path
 helperProgramPath(const std::filesystem::path& applicationFolder);
 
-// Opens scripts in new windows of whichever terminal the desktop has.
+// Opens scripts in new windows of the terminals that the desktop has.
 //
-// The application "Terminal" stands for all of them; there is no other. They are tried in order,
-// until the helper has started in one: see TerminalStarter. Terminals outlive the program, and are
-// waited for as long as this object lives, so that none is left behind as a zombie.
+// The only application is "Terminal", which stands for all terminals. They are tried in order until
+// one has started the helper: see TerminalStarter. Terminals may outlive the program. While this
+// object lives, it waits for those that end, so that none is left behind as a zombie.
 class DesktopWorkspace final : public Workspace {
 public:
-    // `helperProgram` is korvan-run-script. `activationToken` gives a new token of the desktop's,
-    // with which a window that the user asked for just now comes to the front, or nothing.
+    // `helperProgram` is korvan-run-script. `activationToken` makes a new token with which a window
+    // comes to the front that the user has just asked for; the token may be empty.
     explicit DesktopWorkspace(std::filesystem::path helperProgram,
                               std::function<std::string()> activationToken = {});
 
-    // Answers no when something is missing that the terminal itself would not report (the script,
-    // its interpreter, the helper, a display), or when no terminal can be started.
+    // Returns false when something is missing whose absence a terminal would not report (the
+    // script, its interpreter, the helper, a display), or when no terminal can be started.
     [[nodiscard]] bool openFile(const std::filesystem::path& path, std::string_view application,
                                 std::function<void()> refusedLater) override;
 
 private:
     std::filesystem::path m_helperProgram;
     std::function<std::string()> m_activationToken;
-    QObject m_attempts; // the parent of those that are under way
+    QObject m_starters; // the parent of every TerminalStarter that is still at work
 };
 
 } // namespace korvan

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/TerminalStarter.h"
 
-#include "desktop/DetachedProcess.h"
 #include "desktop/ScriptTicket.h"
+#include "platform/ChildProcess.h"
 
 #include <QSocketNotifier>
 #include <cerrno>
@@ -24,29 +24,29 @@ constexpr auto kPollInterval = 50ms;
 
 } // namespace
 
-TerminalStarter::TerminalStarter(std::vector<std::vector<std::string>> terminals, Run run,
+TerminalStarter::TerminalStarter(std::vector<std::vector<std::string>> terminals, Job job,
                                  std::function<void()> refused, QObject* parent)
-    : QObject(parent), m_terminals(std::move(terminals)), m_run(std::move(run)),
+    : QObject(parent), m_terminals(std::move(terminals)), m_job(std::move(job)),
       m_refused(std::move(refused)) {
     m_handOver.setSingleShot(true);
-    connect(&m_handOver, &QTimer::timeout, this, &TerminalStarter::decide);
-    connect(&m_pollTimer, &QTimer::timeout, this, &TerminalStarter::look);
+    connect(&m_handOver, &QTimer::timeout, this, &TerminalStarter::withdrawTicket);
+    connect(&m_pollTimer, &QTimer::timeout, this, &TerminalStarter::checkChild);
 }
 
 TerminalStarter::~TerminalStarter() { stopWatching(); }
 
-bool TerminalStarter::start() {
+bool TerminalStarter::startNext() {
     while (!m_terminals.empty()) {
-        m_ticket = ScriptTicket::make(m_run.helper, m_run.script);
+        m_ticket = ScriptTicket::make(m_job.helper, m_job.script);
         if (!m_ticket) return false;
         std::vector<std::string> command = std::move(m_terminals.front());
         m_terminals.erase(m_terminals.begin());
         for (std::string& word : m_ticket->words())
             command.push_back(std::move(word));
         m_child = startDetached(std::move(command),
-                                m_run.activationToken ? m_run.activationToken() : std::string());
+                                m_job.activationToken ? m_job.activationToken() : std::string());
         if (m_child != 0) {
-            watch();
+            watchChild();
             return true;
         }
         static_cast<void>(m_ticket->withdraw());
@@ -54,12 +54,12 @@ bool TerminalStarter::start() {
     return false;
 }
 
-void TerminalStarter::watch() {
+void TerminalStarter::watchChild() {
     // glibc 2.36 declares pidfd_open in a way that C++ cannot link.
     m_childDescriptor = static_cast<int>(::syscall(SYS_pidfd_open, m_child, 0));
     if (m_childDescriptor >= 0) {
         m_notifier = new QSocketNotifier(m_childDescriptor, QSocketNotifier::Read, this);
-        connect(m_notifier, &QSocketNotifier::activated, this, &TerminalStarter::look);
+        connect(m_notifier, &QSocketNotifier::activated, this, &TerminalStarter::checkChild);
     } else {
         m_pollTimer.start(kPollInterval);
     }
@@ -69,30 +69,31 @@ void TerminalStarter::stopWatching() {
     m_pollTimer.stop();
     if (m_notifier) {
         m_notifier->setEnabled(false);
-        m_notifier->deleteLater(); // it may be the one that called
+        m_notifier->deleteLater(); // this may be a call from its signal
         m_notifier = nullptr;
     }
     if (m_childDescriptor >= 0) ::close(std::exchange(m_childDescriptor, -1));
 }
 
-void TerminalStarter::look() {
+void TerminalStarter::checkChild() {
     int status = 0;
     const pid_t ended = ::waitpid(m_child, &status, WNOHANG);
     if (ended == 0 || (ended < 0 && errno == EINTR)) return;
     stopWatching();
     const bool hasFailed = ended == m_child && status != 0;
     if (hasFailed)
-        decide();
+        withdrawTicket();
     else
         m_handOver.start(kHandOver);
 }
 
-// The ticket tells whether the script runs. From here on it cannot run in this terminal any more.
-void TerminalStarter::decide() {
+// An unused ticket tells that the script has not run. Without it, this terminal cannot run it
+// later.
+void TerminalStarter::withdrawTicket() {
     const bool isRefused = m_ticket->withdraw();
-    if (isRefused && start()) return;
+    if (isRefused && startNext()) return;
     deleteLater();
-    // Last, and without this object: the callee may end the workspace.
+    // Last, and from a copy: the callee may delete the workspace, and this object with it.
     const auto refused = std::move(m_refused);
     if (isRefused) refused();
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/Terminals.h"
 
+#include "platform/ChildProcess.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdlib>
@@ -8,7 +10,6 @@
 #include <optional>
 #include <ranges>
 #include <string_view>
-#include <unistd.h>
 
 namespace korvan {
 
@@ -18,19 +19,18 @@ namespace fs = std::filesystem;
 
 struct Terminal {
     std::string_view program;
-    std::array<std::string_view, 2> options; // what stands before the command; empty ones do not
-    std::string_view desktops = {};          // whose own terminal it is, between colons
+    std::array<std::string_view, 2> options; // go before the command; empty ones are left out
+    std::string_view desktops = {};          // those whose own terminal it is, between colons
 };
 
-// Newer systems let the user choose with the first. It takes the command alone.
+// The user's choice, on newer systems. It takes the command alone.
 constexpr Terminal kUsersChoice{"xdg-terminal-exec", {}};
-// The system's choice. Whatever it leads to must understand -e.
+// The system's choice. Every terminal that it may lead to understands -e.
 constexpr Terminal kSystemsChoice{"x-terminal-emulator", {"-e"}};
 
-// Each with the form that keeps the words of the command apart. The order is that in which they are
-// tried where none is the desktop's own, and of several that are. xterm comes late since it suits
-// any desktop least, and rio last since Debian has another program of that name, which only prints
-// its options.
+// Each terminal with the options that keep the words of the command apart. They are tried in this
+// order, the desktop's own ones first. xterm comes late since it suits every desktop least. rio
+// comes last since Debian has another program of that name, which only prints its options.
 constexpr std::string_view kGnome = ":GNOME:GNOME-Classic:GNOME-Flashback:";
 constexpr std::array kTerminals{
     Terminal{"ptyxis", {"--"}, kGnome},
@@ -69,14 +69,9 @@ std::vector<std::string_view> parts(std::string_view list) {
     return found;
 }
 
-bool isExecutable(const fs::path& path) {
-    std::error_code ignored;
-    return fs::is_regular_file(path, ignored) && ::access(path.c_str(), X_OK) == 0;
-}
-
 std::optional<fs::path> findProgram(std::string_view searchPath, std::string_view name) {
     for (const std::string_view folder : parts(searchPath)) {
-        // Relative folders would depend on where we happen to be.
+        // A relative folder would depend on where the program was started.
         fs::path path = fs::path(folder) / name;
         if (path.is_absolute() && isExecutable(path)) return path;
     }
@@ -88,8 +83,8 @@ const Terminal* knownTerminal(std::string_view program) {
     return found == kTerminals.end() ? nullptr : &*found;
 }
 
-// What the system's choice leads to, when we know it: its own form is the safer one. Debian puts
-// wrappers before some, `gnome-terminal.wrapper`, which take words apart.
+// The terminal that the system's choice leads to, if it is in the table: its own options are safer.
+// Debian puts wrappers before some terminals, as `gnome-terminal.wrapper`, which take words apart.
 const Terminal* targetOf(const fs::path& systemsChoice) {
     std::error_code error;
     const fs::path target = fs::canonical(systemsChoice, error);

@@ -6,7 +6,7 @@
 
 namespace korvan {
 
-// What decides which terminals can be had. Each field is the variable of that name, empty when it
+// What decides which terminals can be started. Each field is an environment variable, empty when it
 // is not set.
 struct TerminalEnvironment {
     std::string path;           // PATH
@@ -17,13 +17,12 @@ struct TerminalEnvironment {
     [[nodiscard]] static TerminalEnvironment current();
 };
 
-// The beginnings of command lines that run what is appended to them in a new terminal window, the
-// preferred one first: the user's own choice, that of the system, that of the desktop, then any.
-// The first word of each is the absolute path of an executable that is there now. Empty when there
-// is no display.
+// The beginnings of command lines: each runs what is appended to it in a new terminal window. The
+// user's choice comes first, then the system's, the desktop's, and all others. The first word is
+// the absolute path of an executable. Empty when there is no display or no terminal.
 //
-// Terminals differ in how they take a command apart, so what is appended must be free of blanks,
-// quotes and whatever else a shell would look at.
+// Terminals differ in how they take a command apart. So what is appended must be free of blanks,
+// quotes and other characters that mean something to a shell.
 [[nodiscard]] std::vector<std::vector<std::string>>
 terminalCommands(const TerminalEnvironment& environment);
 
