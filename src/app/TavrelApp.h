@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "desktop/DesktopClipboard.h"
 #include "desktop/DesktopFilePanels.h"
-#include "desktop/DesktopMainQueue.h"
 #include "desktop/DesktopWorkspace.h"
+#include "desktop/QtDesktop.h"
 #include "platform/Desktop.h"
 
 #include <QObject>

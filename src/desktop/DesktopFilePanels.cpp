@@ -2,7 +2,6 @@
 #include "desktop/DesktopFilePanels.h"
 
 #include "desktop/FilePortal.h"
-#include "desktop/PortalAnswers.h"
 #include "desktop/QtText.h"
 
 #include <QApplication>
@@ -20,11 +19,13 @@
 
 namespace korvan {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr QSize kOwnPanelSize(820, 520);
 constexpr int kPlacesWidth = 160;
-constexpr int kPlacesSpacing = 8; // between the places and the files
+constexpr int kPlacesSpacing = 8; // between the list of places and that of files
 
 // "JSON-Dateien (*.json)"
 QString nameFilter(const std::vector<std::string>& fileTypes) {
@@ -32,14 +33,13 @@ QString nameFilter(const std::vector<std::string>& fileTypes) {
     QStringList patterns;
     for (const std::string& type : fileTypes) {
         names << toQString(type).toUpper();
-        patterns << QStringLiteral("*.") + toQString(type);
+        patterns << u"*."_s + toQString(type);
     }
-    return QStringLiteral("%1-Dateien (%2)")
-        .arg(names.join(QStringLiteral("/")), patterns.join(QLatin1Char(' ')));
+    return u"%1-Dateien (%2)"_s.arg(names.join(u"/"_s), patterns.join(u' '));
 }
 
-// The files of the toolkit's own panel, which writes sizes and dates as the desktop's settings have
-// them, in the middle of German texts.
+// The files of the toolkit's own panel, with German sizes and dates. The panel alone writes them in
+// the desktop's language, among German texts.
 class GermanFiles final : public QIdentityProxyModel {
 public:
     using QIdentityProxyModel::QIdentityProxyModel;
@@ -55,7 +55,7 @@ public:
     }
 };
 
-// The style's symbols, and not those that a desktop may have for each type of file.
+// The style's symbols instead of those that a desktop has for each type of file.
 class StyleIcons final : public QFileIconProvider {
 public:
     using QFileIconProvider::icon;
@@ -79,8 +79,8 @@ private:
     }
 };
 
-// The toolkit's own panel, which is there where the desktop brings none, gives each column a width
-// that is too small for what it shows, and so the list of places.
+// Gives the toolkit's own panel, which is shown where the desktop has none, our symbols and German
+// texts, and enough room to its columns and its list of places. Leaves any other panel alone.
 void completeOwnPanel(QFileDialog& dialog) {
     const auto* list = dialog.findChild<QTreeView*>();
     if (!list) return;
@@ -98,18 +98,18 @@ void completeOwnPanel(QFileDialog& dialog) {
     columns->setSectionResizeMode(0, QHeaderView::Stretch);
 }
 
-// A folder that is there: the user's last, or the one that stands for none. A relative or wrong
-// one would take the dialog to wherever the program was started.
+// The user's last folder if it still exists, else `atFirst` if that exists, else the home folder.
+// With a folder that does not exist, the dialog would open where the program was started.
 QString startFolder(const QString& last, const QString& atFirst) {
-    for (const QString& folder : {last, atFirst}) {
+    for (const QString& folder : {last, atFirst})
         if (!folder.isEmpty() && QFileInfo(folder).isDir()) return folder;
-    }
     return QDir::homePath();
 }
 
-// A dot alone is no type: it may be that of a version, as in "Korvan 1.10".
+// `path` with the ending `type`. Another ending is kept: it may be part of the name, as in
+// "Korvan 1.10".
 QString withType(const QString& path, const QString& type) {
-    const QString ending = QLatin1Char('.') + type;
+    const QString ending = u'.' + type;
     return path.endsWith(ending, Qt::CaseInsensitive) ? path : path + ending;
 }
 
@@ -132,7 +132,7 @@ QString DesktopFilePanels::run(QFileDialog& dialog, QString& folder) {
 }
 
 std::optional<std::filesystem::path> DesktopFilePanels::runSavePanel(const SavePanel& panel) {
-    // Asked once: between the dialogs no window is active.
+    // Looked up before the loop: between two dialogs no window is active.
     QWidget* const window = QApplication::activeWindow();
     const QString title = toQString(panel.title);
     QString name = toQString(panel.proposedName);
@@ -143,14 +143,14 @@ std::optional<std::filesystem::path> DesktopFilePanels::runSavePanel(const SaveP
         dialog.setFileMode(QFileDialog::AnyFile);
         if (!canUseDesktops()) dialog.setOption(QFileDialog::DontUseNativeDialog);
         dialog.setOption(QFileDialog::DontConfirmOverwrite);
-        dialog.setSupportedSchemes({QStringLiteral("file")});
+        dialog.setSupportedSchemes({u"file"_s});
         dialog.setNameFilter(nameFilter({panel.fileType}));
         dialog.setDirectory(startFolder(m_typedFolder, {}));
         dialog.selectFile(name);
         QString path = run(dialog, m_typedFolder);
         if (path.isEmpty()) return std::nullopt;
         path = withType(path, toQString(panel.fileType));
-        name = QFileInfo(path).fileName(); // they may want another one beside it
+        name = QFileInfo(path).fileName(); // proposed again when the user does not want to replace
         if (!QFileInfo::exists(path) || portal.contain(path) || m_mayReplace(window, title, name))
             return fromQString(path);
     }
@@ -163,13 +163,13 @@ std::optional<std::filesystem::path> DesktopFilePanels::runOpenPanel(const OpenP
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::ExistingFile);
     if (!canUseDesktops()) dialog.setOption(QFileDialog::DontUseNativeDialog);
-    dialog.setSupportedSchemes({QStringLiteral("file")});
+    dialog.setSupportedSchemes({u"file"_s});
     if (isTyped) {
         dialog.setNameFilter(nameFilter(panel.fileTypes));
         dialog.setDirectory(startFolder(folder, {}));
     } else {
         dialog.setFilter(dialog.filter() | QDir::Hidden);
-        dialog.setDirectory(startFolder(folder, QDir::home().filePath(QStringLiteral(".ssh"))));
+        dialog.setDirectory(startFolder(folder, QDir::home().filePath(u".ssh"_s)));
     }
     const QString path = run(dialog, folder);
     if (path.isEmpty()) return std::nullopt;

@@ -14,26 +14,24 @@ namespace korvan {
 
 // The file dialogs of the desktop, or Qt's own where it has none, modal over the active window.
 //
-// The user is asked once before a file is replaced, about the name that is really written. Not
-// every dialog asks when a name got its ending afterwards, so they are told not to, and the
-// question is ours, in the program's own looks. A portal asks all the same: what it has asked is
-// not asked again.
+// The user is asked once before a file is replaced, and about the name that is really written. Not
+// every dialog asks again when the ending is added to a name. So the dialogs are told not to ask,
+// and Korvan asks, in its own style. A portal asks nevertheless; then Korvan does not.
 //
-// A dialog opens in the folder that was used last since the program was started; at first in the
-// home folder. Keys and backups are kept apart, each with a folder of their own: keys are looked
-// for in ~/.ssh at first, and no backup should land there unnoticed.
+// A dialog opens in the folder that was used last in this run. Keys and backups each have a folder
+// of their own, so that no backup lands among the keys unnoticed. At first it is ~/.ssh for keys
+// and the home folder for backups.
 class DesktopFilePanels final : public FilePanels {
 public:
-    // Whose dialogs Qt shows: those of the platform theme, or of the portal, by way of the bus.
+    // Where Qt's dialogs come from: the platform theme, or the portal on the bus.
     enum class Source { theme, portal };
 
-    // Asks, in a dialog over `window`, whether the file of this name may be replaced; `title` is
-    // that of the panel.
+    // Asks the user, in a dialog over `window`, whether the file of this name may be replaced.
+    // `title` is the panel's.
     using MayReplace =
         std::function<bool(QWidget* window, const QString& title, const QString& fileName)>;
 
-    // The portal is on `bus`. Where none is there when it is needed, Qt's own dialog takes its
-    // place.
+    // The portal is looked for on `bus` each time. Where none is found, Qt's own dialog is shown.
     explicit DesktopFilePanels(MayReplace mayReplace, Source source = Source::theme,
                                QDBusConnection bus = QDBusConnection::sessionBus());
 
@@ -43,16 +41,15 @@ public:
     runOpenPanel(const OpenPanel& panel) override;
 
 private:
-    // The chosen path, empty when the user cancelled. `folder` is where the dialog opens and, after
-    // a choice, where that lies.
+    // The chosen path, empty when the user cancelled. After a choice, `folder` is the path's.
     [[nodiscard]] static QString run(QFileDialog& dialog, QString& folder);
     [[nodiscard]] bool canUseDesktops() const;
 
     MayReplace m_mayReplace;
     Source m_source;
     QDBusConnection m_bus;
-    QString m_typedFolder; // of files of a certain type; empty before the first choice
-    QString m_anyFolder;   // of panels for any file, which are for keys
+    QString m_typedFolder; // of panels for a type of file (backups); empty before the first choice
+    QString m_anyFolder;   // the same, of panels for any file (keys)
 };
 
 } // namespace korvan

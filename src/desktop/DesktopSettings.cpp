@@ -12,23 +12,25 @@
 
 namespace korvan {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString kService = QStringLiteral("org.freedesktop.portal.Desktop");
-const QString kPath = QStringLiteral("/org/freedesktop/portal/desktop");
-const QString kInterface = QStringLiteral("org.freedesktop.portal.Settings");
+const QString kService = u"org.freedesktop.portal.Desktop"_s;
+const QString kPath = u"/org/freedesktop/portal/desktop"_s;
+const QString kInterface = u"org.freedesktop.portal.Settings"_s;
 
-const QString kAppearance = QStringLiteral("org.freedesktop.appearance");
-const QString kColorScheme = QStringLiteral("color-scheme");
-const QString kContrast = QStringLiteral("contrast");
-const QString kGnome = QStringLiteral("org.gnome.desktop.interface");
-const QString kEnableAnimations = QStringLiteral("enable-animations");
-const QString kFontName = QStringLiteral("font-name");
-const QString kTextScale = QStringLiteral("text-scaling-factor");
-const QString kKde = QStringLiteral("org.kde.kdeglobals.KDE");
-const QString kDurationFactor = QStringLiteral("AnimationDurationFactor");
+const QString kAppearance = u"org.freedesktop.appearance"_s;
+const QString kColorScheme = u"color-scheme"_s;
+const QString kContrast = u"contrast"_s;
+const QString kGnome = u"org.gnome.desktop.interface"_s;
+const QString kEnableAnimations = u"enable-animations"_s;
+const QString kFontName = u"font-name"_s;
+const QString kTextScale = u"text-scaling-factor"_s;
+const QString kKde = u"org.kde.kdeglobals.KDE"_s;
+const QString kDurationFactor = u"AnimationDurationFactor"_s;
 
-// The settings of GNOME can be asked for elsewhere, too, where nobody has ever chosen them.
+// Other desktops answer questions for GNOME's settings, too, but nobody has chosen those there.
 bool isOnGnome() {
     return qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':').contains(u"GNOME");
 }
@@ -38,11 +40,11 @@ bool isOnGnome() {
 DesktopSettings::DesktopSettings(const QDBusConnection& bus) {
     if (!bus.isConnected()) return;
     auto connection = bus;
-    // Qt connects no slot with a type that it has not met before.
+    // Qt connects only slots whose types are registered.
     qRegisterMetaType<QDBusVariant>();
-    // From whoever has the portal's path: to name the service would mean to wait for the bus to
-    // say who that is.
-    connection.connect(QString(), kPath, kInterface, QStringLiteral("SettingChanged"), this,
+    // By the portal's path alone: with the service's name, Qt would wait until the bus has told
+    // which process has that name.
+    connection.connect(QString(), kPath, kInterface, u"SettingChanged"_s, this,
                        SLOT(follow(QString, QString, QDBusVariant)));
     ask(connection, kAppearance, kColorScheme);
     ask(connection, kAppearance, kContrast);
@@ -53,10 +55,9 @@ DesktopSettings::DesktopSettings(const QDBusConnection& bus) {
     ask(connection, kGnome, kTextScale);
 }
 
-// By Read, which has a younger name but is known to the portals of all ages.
+// Uses `Read`: `ReadOne` is newer and missing in older portals.
 void DesktopSettings::ask(QDBusConnection& bus, const QString& group, const QString& key) {
-    auto question =
-        QDBusMessage::createMethodCall(kService, kPath, kInterface, QStringLiteral("Read"));
+    auto question = QDBusMessage::createMethodCall(kService, kPath, kInterface, u"Read"_s);
     question.setArguments({group, key});
     const auto& asked = m_questions.emplace_back(group, key, bus.asyncCall(question));
     auto* watcher = new QDBusPendingCallWatcher(asked.answer, this);
@@ -78,7 +79,7 @@ std::optional<QFont> DesktopSettings::font() const {
         words.removeLast();
     if (words.isEmpty()) return std::nullopt;
     QFont font(words.join(u' '));
-    // On X11 the desktop enlarges texts by way of the screen's resolution.
+    // On X11 the desktop enlarges texts by raising the screen's resolution.
     const bool isEnlarged = QGuiApplication::platformName() == u"xcb";
     font.setPointSizeF(isEnlarged ? points : points * m_textScale);
     return font;
@@ -87,13 +88,11 @@ std::optional<QFont> DesktopSettings::font() const {
 void DesktopSettings::waitForAnswers(std::chrono::milliseconds atMost) {
     const QDeadlineTimer deadline(atMost);
     const auto isAnswered = [](const Question& question) { return question.answer.isFinished(); };
-    // Looked at again and again: Qt waits for an answer without a limit only.
-    while (!std::ranges::all_of(m_questions, isAnswered) && !deadline.hasExpired()) {
+    // Polls, since Qt can wait for an answer only without a time limit.
+    while (!std::ranges::all_of(m_questions, isAnswered) && !deadline.hasExpired())
         QThread::usleep(200);
-    }
-    for (const auto& question : m_questions) {
+    for (const auto& question : m_questions)
         take(question);
-    }
 }
 
 void DesktopSettings::follow(const QString& group, const QString& key, const QDBusVariant& value) {
@@ -102,15 +101,14 @@ void DesktopSettings::follow(const QString& group, const QString& key, const QDB
 }
 
 void DesktopSettings::take(const Question& question) {
-    // An error means: no portal, or not a setting of this desktop.
+    // An error means that there is no portal, or that the desktop does not have the setting.
     if (!question.answer.isFinished() || question.answer.isError()) return;
     take(question.group, question.key, question.answer.reply().arguments().value(0));
 }
 
 void DesktopSettings::take(const QString& group, const QString& key, QVariant value) {
-    while (value.metaType() == QMetaType::fromType<QDBusVariant>()) {
+    while (value.metaType() == QMetaType::fromType<QDBusVariant>())
         value = value.value<QDBusVariant>().variant();
-    }
     if (group == kGnome && key == kFontName) {
         m_fontName = value.toString();
         return;

@@ -13,12 +13,12 @@ class QDBusVariant;
 
 namespace korvan {
 
-// What the desktop's user wants of the looks of all programs: dark or light, with more contrast,
-// whether things may move, and on GNOME the font, of which Qt hears nothing there. Asked for over
-// the session bus, at the settings portal, which every desktop has.
+// How the desktop's user wants all programs to look: dark or light, with more contrast, with or
+// without motion, and on GNOME the font, which Qt does not learn there. The settings portal, which
+// every desktop has, tells it over the session bus.
 //
-// Making one only sends the questions. Until an answer comes, and where none ever does, the values
-// are the defaults; from then on they follow the user's choice.
+// The constructor only sends the questions. Until an answer comes, and where none ever comes, the
+// values are the defaults. After that they follow the user's choice.
 class DesktopSettings final : public QObject {
     Q_OBJECT
 
@@ -27,14 +27,14 @@ public:
 
     explicit DesktopSettings(const QDBusConnection& bus = QDBusConnection::sessionBus());
 
-    // Waits until all questions are answered, but not longer than this. Emits nothing.
+    // Waits until all questions are answered, for `atMost` at the longest. Does not emit changed().
     void waitForAnswers(std::chrono::milliseconds atMost);
 
-    // What the user prefers; none where he has no preference.
+    // What the user prefers; none when they have no preference.
     [[nodiscard]] ColorScheme colorScheme() const { return m_colorScheme; }
     [[nodiscard]] bool wantsMoreContrast() const { return m_wantsMoreContrast; }
     [[nodiscard]] bool reducesMotion() const { return !m_isAnimated || m_durationFactor == 0; }
-    // The font of all texts, enlarged as the user wants them; nothing on other desktops than GNOME.
+    // The font of all texts, enlarged as the user wants; nothing on desktops other than GNOME.
     [[nodiscard]] std::optional<QFont> font() const;
 
 Q_SIGNALS:

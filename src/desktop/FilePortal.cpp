@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/FilePortal.h"
 
+#include <QCoreApplication>
 #include <QDBusMessage>
-#include <QString>
-#include <QStringList>
+#include <QUrl>
 #include <algorithm>
 
 namespace korvan {
@@ -15,7 +15,7 @@ namespace {
 constexpr auto kThemeVariable = "QT_QPA_PLATFORMTHEME";
 constexpr auto kPortalTheme = "xdgdesktopportal";
 
-// These bring a theme for Qt, whose panels are their own already.
+// These have a theme for Qt, which shows their own panels already.
 bool isQtDesktop(const QString& name) { return name == u"KDE" || name == u"LXQt"; }
 
 } // namespace
@@ -41,6 +41,26 @@ bool hasFilePortal(const QDBusConnection& bus) {
                                                    u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
     question << u"org.freedesktop.portal.FileChooser"_s << u"version"_s;
     return bus.call(question, QDBus::Block, patience).type() == QDBusMessage::ReplyMessage;
+}
+
+// The answer is addressed to this process, so it needs no filter by service or path.
+PortalAnswers::PortalAnswers(QDBusConnection bus) {
+    if (!bus.isConnected()) return;
+    bus.connect(QString(), QString(), u"org.freedesktop.portal.Request"_s, u"Response"_s, this,
+                SLOT(take(uint, QVariantMap)));
+}
+
+bool PortalAnswers::contain(const QString& path) {
+    // The panel may have received the answer first, and have ended before this object did.
+    QCoreApplication::sendPostedEvents(this);
+    return m_files.contains(path);
+}
+
+void PortalAnswers::take(uint response, const QVariantMap& results) {
+    constexpr uint agreed = 0;
+    if (response != agreed) return;
+    for (const auto& uri : results.value(u"uris"_s).toStringList())
+        m_files << QUrl(uri).toLocalFile();
 }
 
 } // namespace korvan
