@@ -4,6 +4,7 @@
 #include "desktop/SqliteStatement.h"
 #include "platform/Files.h"
 
+#include <QByteArray>
 #include <cerrno>
 #include <fcntl.h>
 #include <sqlite3.h>
@@ -23,19 +24,20 @@ constexpr std::string_view kCannotRead = "Die gespeicherten Daten konnten nicht 
 constexpr std::string_view kCannotWrite = "Die Daten konnten nicht gespeichert werden";
 constexpr std::string_view kCannotCreate = "Die Datenbank konnte nicht angelegt werden";
 
-// The time between two attempts. SQLite's own waiting sleeps for up to 100 ms each time, and so
-// hardly ever meets the moment between two changes of somebody who makes many.
+// The time between two attempts. SQLite's own waiting sleeps for up to 100 ms, and so mostly misses
+// the moments between the changes of a program that makes many.
 constexpr std::chrono::milliseconds kPause(1);
 
-// How long a file is left to others between two changes of one's own. Whoever waits only asks every
-// kPause, so without it he who makes many changes at once would keep all others out.
+// How long this object waits between two of its changes. Others ask only every kPause, so a program
+// that makes many changes without a rest would keep them out.
 constexpr std::chrono::milliseconds kRest(3);
 
-// Large pages, since a value is written whole and may have megabytes; they count only before the
-// first table is made. Debian's SQLite would also write zeros over all that a value took before,
-// which doubles what a change costs and hides little: earlier values stand in the log as well.
-// The log is moved into the database and begun again every 128 pages: seldom, since a change that
-// does so takes twice as long. It keeps its 8 MB then, since finding them anew takes time, too.
+// The pages are large since a value is written whole and may have megabytes. That has an effect
+// only before the first table is made.
+// Debian's SQLite also writes zeros over the pages of an earlier value, unless told otherwise. That
+// doubles the cost of a change and hides little: earlier values are in the log as well.
+// The log is moved into the database every 128 pages: seldom, since such a change takes twice as
+// long. The file of the log keeps its 8 MB then, since allocating them again takes time, too.
 constexpr const char* kWritingSettings = "PRAGMA page_size = 65536;"
                                          "PRAGMA journal_mode = WAL;"
                                          "PRAGMA synchronous = FULL;"
@@ -43,10 +45,10 @@ constexpr const char* kWritingSettings = "PRAGMA page_size = 65536;"
                                          "PRAGMA wal_autocheckpoint = 128;"
                                          "PRAGMA journal_size_limit = 8388608;";
 
-// How long tidying waits for what others do just now.
+// How long tidying waits for others.
 constexpr std::chrono::milliseconds kTidyingPatience(20);
 
-// The database's user_version while nothing that was deleted stands in it.
+// The database's user_version while nothing in it is left of deleted values.
 constexpr std::int64_t kTidy = 1;
 
 std::string_view reasonFor(int code) {
@@ -67,27 +69,26 @@ std::string_view reasonFor(int code) {
     }
 }
 
-// The name under which SQLite opens a file that it may neither change nor lock.
+// The name with which SQLite opens a file without changing or locking it.
 std::string immutableName(const fs::path& path) {
-    std::string name = "file:";
-    for (const char character : path.string()) {
-        constexpr std::string_view kDigits = "0123456789ABCDEF";
-        if (std::string_view("%?#").find(character) == std::string_view::npos) {
-            name += character;
-        } else {
-            const auto byte = static_cast<unsigned char>(character);
-            name.append({'%', kDigits[byte / 16], kDigits[byte % 16]});
-        }
-    }
-    return name + "?immutable=1";
+    const auto bytes = QByteArray::fromStdString(path.string());
+    return "file:" + bytes.toPercentEncoding("/").toStdString() + "?immutable=1";
 }
 
 bool mayWrite(const fs::path& path) { return ::access(path.c_str(), W_OK) == 0; }
 
-// What the database answers to `question`; 0 when it cannot.
+// The number that answers `question`; 0 when there is none.
 std::int64_t numberOf(sqlite3* connection, const char* question) {
     Statement answer(connection, question);
     return answer.step() ? answer.number(0) : 0;
+}
+
+// SQLite calls this while others hold the file, again and again until it returns 0. `deadline` is
+// SqliteFile::m_deadline.
+int waitForOthers(void* deadline, int /*calls*/) {
+    if (Clock::now() >= *static_cast<const Clock::time_point*>(deadline)) return 0;
+    std::this_thread::sleep_for(kPause);
+    return 1;
 }
 
 bool isTidy(sqlite3* connection) { return numberOf(connection, "PRAGMA user_version") == kTidy; }
@@ -106,7 +107,7 @@ Result<> SqliteFile::read(const Work& work) {
         if (code == SQLITE_OK) code = work(connection);
         return code == SQLITE_OK ? execute("COMMIT") : code;
     });
-    // Nobody reads a list twice soon, and SQLite would keep two megabytes of it.
+    // SQLite would keep two megabytes of what was read, and nobody reads it again soon.
     if (m_connection) sqlite3_db_release_memory(m_connection);
     return done;
 }
@@ -116,7 +117,7 @@ Result<> SqliteFile::write(const Work& work) {
     std::this_thread::sleep_until(m_lastChange + kRest);
     auto done = attempt(kCannotWrite, [&](sqlite3* connection) {
         int code = prepareForWriting();
-        // The right to write comes first: a transaction that read before could not wait for it.
+        // The lock for writing comes first: a transaction that has read already cannot wait for it.
         if (code == SQLITE_OK) code = execute("BEGIN IMMEDIATE");
         if (code == SQLITE_OK && isTidy(connection)) code = execute("PRAGMA user_version = 0");
         if (code == SQLITE_OK) code = work(connection);
@@ -132,9 +133,9 @@ void SqliteFile::tidy() {
     if (connect() != SQLITE_OK || m_isSnapshot) return disconnect();
     const bool isEmpty = numberOf(m_connection, "PRAGMA page_count") == 0;
     if (isEmpty || isTidy(m_connection) || prepareForWriting() != SQLITE_OK) return;
-    // First the whole database anew, without what was deleted; meanwhile in memory, since a
-    // temporary file would keep it on the disk. Then the log is emptied. The mark comes last: if
-    // anything is in the way, or the program ends here, the next to close does it all again.
+    // First the whole database is written anew, without what was deleted; by way of memory, since
+    // a temporary file would leave it on the disk. Then the log is emptied. The mark comes last: if
+    // a step fails or the program ends, the next object to tidy does it all again.
     if (execute("PRAGMA temp_store = MEMORY; VACUUM") == SQLITE_OK &&
         sqlite3_wal_checkpoint_v2(m_connection, nullptr, SQLITE_CHECKPOINT_TRUNCATE, nullptr,
                                   nullptr) == SQLITE_OK)
@@ -155,8 +156,8 @@ Result<> SqliteFile::attempt(std::string_view what, const Work& work) {
         }
         const Error error = errorNow(what, code);
         disconnect();
-        // SQLite does not wait where that could be a deadlock, as when two processes make the
-        // database at the same time.
+        // SQLite itself does not wait where that could be a deadlock, as when two processes create
+        // the database at the same time.
         const bool isBusy = (code & 0xff) == SQLITE_BUSY;
         if (!isBusy || Clock::now() >= m_deadline) {
             if (isBusy && mayWait) m_lastVainWait = Clock::now();
@@ -175,8 +176,8 @@ Result<> SqliteFile::createIfAbsent() {
     if (!isAbsent()) return {};
     if (const auto created = createFolder(m_path.parent_path()); !created)
         return failure("SQLite", SQLITE_CANTOPEN, created.error().localizedDescription);
-    // By hand, since SQLite would let others read it. Only ever a new file: closing a descriptor of
-    // one that is in use would drop the locks that SQLite holds on it.
+    // Not by SQLite, which would let others read the file. Creates new files only: closing any
+    // descriptor of an open database would drop SQLite's locks on it.
     const int file = ::open(m_path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
     if (file >= 0) ::close(file);
     if (file >= 0 || errno == EEXIST) return {}; // another process may have been quicker
@@ -188,39 +189,43 @@ int SqliteFile::connect() {
     struct stat status{};
     const bool isThere = ::stat(m_path.c_str(), &status) == 0;
     const bool isSame = isThere && status.st_dev == m_device && status.st_ino == m_inode;
-    if (m_connection && !isSame) {
-        // The file was taken away or replaced. The log beside it is the new one's now, so closing
-        // must neither apply nor remove it.
-        int yes = 1;
-        sqlite3_file_control(m_connection, "main", SQLITE_FCNTL_PERSIST_WAL, &yes);
-        sqlite3_db_config(m_connection, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
-        disconnect();
-    }
-    if (m_connection) return SQLITE_OK;
+    if (m_connection && isSame) return SQLITE_OK;
+    if (m_connection) disconnectFromLostFile();
     if (isThere && !S_ISREG(status.st_mode))
         return S_ISDIR(status.st_mode) ? SQLITE_CANTOPEN_ISDIR : SQLITE_CANTOPEN;
+    m_device = status.st_dev;
+    m_inode = status.st_ino;
+    m_isSnapshot = isThere && canOnlyBeSnapshot();
+    return open();
+}
 
-    // Where SQLite may not make its log, it cannot even read; or it leaves an empty log that nobody
-    // removes. As long as there is no log, the file alone is the database.
+// The log beside a file that was moved away or replaced belongs to the new file now. So closing
+// must neither apply nor remove it.
+void SqliteFile::disconnectFromLostFile() {
+    int yes = 1;
+    sqlite3_file_control(m_connection, "main", SQLITE_FCNTL_PERSIST_WAL, &yes);
+    sqlite3_db_config(m_connection, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+    disconnect();
+}
+
+// Where SQLite may not write, it cannot make the log that it needs even for reading, or it leaves
+// an empty one that nobody removes. As long as there is no log, the file alone is the database.
+bool SqliteFile::canOnlyBeSnapshot() const {
     const auto hasCompanion = [&](const char* ending) {
         std::error_code ignored;
         return fs::exists(m_path.string() + ending, ignored);
     };
-    m_isSnapshot = isThere && (!mayWrite(m_path) || !mayWrite(m_path.parent_path())) &&
-                   !hasCompanion("-wal") && !hasCompanion("-journal");
+    return (!mayWrite(m_path) || !mayWrite(m_path.parent_path())) && !hasCompanion("-wal") &&
+           !hasCompanion("-journal");
+}
+
+int SqliteFile::open() {
+    m_isPreparedForWriting = false;
     const std::string name = m_isSnapshot ? immutableName(m_path) : m_path.string();
     const int access =
         m_isSnapshot ? SQLITE_OPEN_READONLY | SQLITE_OPEN_URI : SQLITE_OPEN_READWRITE;
-    m_device = status.st_dev;
-    m_inode = status.st_ino;
-    m_isPreparedForWriting = false;
     const int code =
         sqlite3_open_v2(name.c_str(), &m_connection, access | SQLITE_OPEN_EXRESCODE, nullptr);
-    const auto waitForOthers = [](void* deadline, int) {
-        if (Clock::now() >= *static_cast<const Clock::time_point*>(deadline)) return 0;
-        std::this_thread::sleep_for(kPause);
-        return 1;
-    };
     if (code == SQLITE_OK) sqlite3_busy_handler(m_connection, waitForOthers, &m_deadline);
     return code;
 }
