@@ -8,9 +8,6 @@ namespace korvan {
 // The desktop's clipboard.
 class Clipboard {
 public:
-    Clipboard() = default;
-    Clipboard(const Clipboard&) = delete;
-    Clipboard& operator=(const Clipboard&) = delete;
     virtual ~Clipboard() = default;
 
     // Replaces whatever the clipboard holds, of any type, by `text` as plain text. A desktop that

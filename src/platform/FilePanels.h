@@ -22,9 +22,6 @@ struct OpenPanel {
 // The desktop's dialogs for choosing a file. Both run modally.
 class FilePanels {
 public:
-    FilePanels() = default;
-    FilePanels(const FilePanels&) = delete;
-    FilePanels& operator=(const FilePanels&) = delete;
     virtual ~FilePanels() = default;
 
     // The absolute path that the user chose to write to, nothing when they cancelled. They have

@@ -9,9 +9,6 @@ namespace korvan {
 // Work for later on the thread of the user interface.
 class MainQueue {
 public:
-    MainQueue() = default;
-    MainQueue(const MainQueue&) = delete;
-    MainQueue& operator=(const MainQueue&) = delete;
     virtual ~MainQueue() = default;
 
     // Runs `task` once from the event loop when `delay` is over. The task must bear that whatever

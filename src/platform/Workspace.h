@@ -10,9 +10,6 @@ namespace korvan {
 // The desktop's way to open a file with another program.
 class Workspace {
 public:
-    Workspace() = default;
-    Workspace(const Workspace&) = delete;
-    Workspace& operator=(const Workspace&) = delete;
     virtual ~Workspace() = default;
 
     // Hands the file at `path` to `application`, without waiting for it. Answers whether something

@@ -24,9 +24,6 @@ public:
         std::string data;
     };
 
-    KeyValueStore() = default;
-    KeyValueStore(const KeyValueStore&) = delete;
-    KeyValueStore& operator=(const KeyValueStore&) = delete;
     virtual ~KeyValueStore() = default;
 
     // The bytes under each of `keys`, in that order, all as they were at one moment. The result of
