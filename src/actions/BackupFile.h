@@ -9,13 +9,13 @@
 
 namespace korvan {
 
-// Puts `backup` at `path`, whole or not at all. A new file can be read by its owner alone, since it
-// holds passwords.
+// Writes `backup` to the file at `path`, whole or not at all; fails as writeFileAtomically does.
+// Only its owner can read a new file, since it holds passwords.
 [[nodiscard]] Result<> writeBackupFile(const std::filesystem::path& path,
                                        const KorvanBackup& backup);
 
-// The document at `path`. Fails when the file cannot be read (see Files.h) or holds no backup (see
-// readBackup).
+// The document in the file at `path`. Fails when the file cannot be read (see readFile) or holds no
+// backup (see readBackup).
 [[nodiscard]] Result<KorvanBackup>
 readBackupFile(const std::filesystem::path& path,
                const std::vector<SSHCategory>& currentCategories);

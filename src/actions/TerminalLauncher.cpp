@@ -15,7 +15,7 @@ namespace {
 constexpr std::string_view kDomain = "TerminalLauncher";
 constexpr std::string_view kTerminal = "Terminal";
 
-// The script is these three pieces with the command between them, first in its echo form.
+// The script: these three pieces, with the command's echo form and the command between them.
 constexpr std::string_view kBeforeEcho = "#!/bin/zsh\n"
                                          "set -e\n"
                                          "cd ~\n"
@@ -25,11 +25,9 @@ constexpr std::string_view kBeforeCommand = "\"\necho \"\"\n";
 constexpr std::string_view kAfterCommand = "\necho \"\"\n"
                                            "echo \"⏎ Enter zum Schließen…\"\n"
                                            "read";
-static_assert(kBeforeEcho.size() == 42 && kBeforeCommand.size() == 10 &&
-              kAfterCommand.size() == 48);
 
-// What stands between double quotes to show `command`. Dollar signs and back quotes stay, so the
-// shell shows what it is going to run.
+// `command` as it stands between the double quotes of echo. Dollar signs and back quotes are not
+// escaped, so the shell replaces them as it does when it runs the command.
 std::string echoForm(std::string_view command) {
     std::string form;
     for (const char character : command) {
