@@ -5,12 +5,10 @@
 #include <string>
 #include <string_view>
 
-// Text is UTF-8 in std::string below the views and QString inside of Qt. It changes here.
+// Converts between UTF-8 in std::string, which is used below the views, and Qt's QString.
 namespace korvan {
 
-[[nodiscard]] inline QString toQString(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
+[[nodiscard]] inline QString toQString(std::string_view text) { return QString::fromUtf8(text); }
 
 [[nodiscard]] inline std::string fromQString(const QString& text) {
     return text.toUtf8().toStdString();

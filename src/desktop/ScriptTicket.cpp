@@ -12,19 +12,19 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Names in the folder. The helper expects the second.
+// Names in the folder. korvan-run-script uses them, too.
 constexpr auto kScript = "script";
 constexpr auto kHelper = "helper";
 
-// Whether every terminal and wrapper leaves `path` alone.
+// Whether no terminal or wrapper takes `path` apart or changes it.
 bool isPlain(const std::string& path) {
     constexpr std::string_view kPlain =
         "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789/._-+";
     return path.find_first_not_of(kPlain) == std::string::npos;
 }
 
-// A new folder for its owner alone, whose path is plain and leads through no links; empty when
-// there can be none.
+// A new folder that only its owner can enter. Its path is plain and has no links in it. Empty when
+// no such folder can be made.
 fs::path makeFolder() {
     const char* runtime = std::getenv("XDG_RUNTIME_DIR");
     for (const fs::path parent : {runtime ? runtime : "", "/tmp"}) {

@@ -30,7 +30,7 @@ fs::path homeFolder() {
     return found && found->pw_dir && *found->pw_dir == '/' ? found->pw_dir : "/";
 }
 
-// Reads a value into `data` itself; a statement would put it together in memory of its own first.
+// Reads a value directly into `data`; a statement would first put it together in memory of its own.
 int readValue(sqlite3* connection, std::int64_t row, std::string& data) {
     sqlite3_blob* value = nullptr;
     int code = sqlite3_blob_open(connection, "main", "defaults", "value", row, 0, &value);
@@ -50,8 +50,8 @@ int readValue(sqlite3* connection, std::int64_t row, std::string& data) {
 // Reads the value under `key`, if there is one.
 int readData(sqlite3* connection, std::string_view key, std::optional<std::string>& data) {
     data.reset();
-    // A database without the table holds nothing. Only this answer says so for certain: the failure
-    // to use the table may as well be that of reading the file.
+    // A database without the table holds nothing. Only this answer says so for certain: when the
+    // next statement fails, the reason may also be that the file cannot be read.
     Statement table(connection,
                     "SELECT 1 FROM sqlite_schema WHERE name = 'defaults' COLLATE NOCASE");
     if (!table.step()) return table.code();
@@ -112,7 +112,7 @@ SqliteKeyValueStore::dataForKeys(std::span<const std::string_view> keys) {
         for (std::size_t i = 0; i < keys.size(); ++i) {
             Data data;
             const int code = readData(connection, keys[i], data);
-            if ((code & 0xff) == SQLITE_BUSY) return code; // for all, and later it may go
+            if ((code & 0xff) == SQLITE_BUSY) return code; // all keys are tried again
             hasFailed = hasFailed || code != SQLITE_OK;
             if (code == SQLITE_OK)
                 found[i] = std::move(data);
@@ -154,12 +154,12 @@ Result<> SqliteKeyValueStore::setValues(std::vector<Value> values) {
     Batch batch;
     for (Value& value : values)
         batch.insert_or_assign(std::string(value.key), Pending{std::move(value.data)});
-    // What waits together with one of these still goes together with it.
+    // Values that wait together with one of these are written together with it.
     std::erase_if(m_waiting, [&](Batch& waiting) {
         if (std::ranges::none_of(batch,
                                  [&](const auto& entry) { return waiting.contains(entry.first); }))
             return false;
-        batch.merge(waiting); // but for what is older than the new values
+        batch.merge(waiting); // new values win
         return true;
     });
     if (auto written = write(batch); !written) {
@@ -195,7 +195,7 @@ Result<> SqliteKeyValueStore::write(const Batch& batch) {
             if (known.isOvertaken && pending.hasWaited) continue;
             if (known.isOvertaken) refusal = known.readError;
             if (code != SQLITE_OK || refusal) return code != SQLITE_OK ? code : SQLITE_ABORT;
-            // What is no data value was no list to whoever read it, so nobody has told of it.
+            // Nobody marks a value of another type as damaged, since reading it gives nothing.
             code = putAside(connection, key, known.isDamaged ? "true" : "typeof(value) <> 'blob'");
             if (code == SQLITE_OK) code = putData(connection, key, pending.data);
         }

@@ -16,7 +16,8 @@
 
 namespace korvan {
 
-// $XDG_DATA_HOME/korvan/defaults.sqlite3; without a usable XDG_DATA_HOME, below ~/.local/share.
+// $XDG_DATA_HOME/korvan/defaults.sqlite3. When XDG_DATA_HOME is not an absolute path,
+// ~/.local/share takes its place.
 [[nodiscard]] std::filesystem::path defaultDatabasePath();
 
 // The key-value store in an SQLite database, the file `defaults.sqlite3`:
@@ -26,14 +27,14 @@ namespace korvan {
 //     damaged(key TEXT, value, at TEXT)       what was put aside, and when (ISO 8601, UTC); the
 //                                             program never reads it
 //
-// File and folder are made for their owner alone when the first value is written; before that,
-// nothing is there. Errors are those of SqliteFile.
+// The file and its folder are created, for their owner alone, when the first value is written.
+// Errors are those of SqliteFile.
 //
-// Values that could not be written are tried again, together as they were set: with the next
-// change of any key, and when this object ends. Those of keys that somebody else has changed
-// meanwhile are dropped. Until then they are what reading gives.
+// Values that could not be written wait. They are tried again with the next change of any key and
+// when this object ends, and those that were set together are written together. Until then, reading
+// gives the waiting value. A waiting value is dropped when somebody else has changed its key.
 //
-// When this object ends, what was deleted is taken out of the files.
+// When this object ends, it removes what is left of deleted values from the files.
 class SqliteKeyValueStore final : public KeyValueStore {
 public:
     // Opens nothing yet. `path` is absolute; `wait` is how long one call waits for others.
@@ -47,20 +48,20 @@ public:
     void preserve(std::string_view key) override;
 
 private:
-    // Tells whether a stored value is still the same. Nothing stored has that of an empty optional.
+    // Tells whether a stored value is still the same; empty when nothing is stored.
     using Fingerprint = std::optional<std::size_t>;
     static Fingerprint fingerprintOf(const Data& data) {
         return data ? Fingerprint(std::hash<std::string>{}(*data)) : std::nullopt;
     }
 
-    // What this object knows of a key.
+    // What this object knows about a key.
     struct Known {
         Fingerprint seen;               // what it last read or wrote
         std::optional<Error> readError; // of the last reading
         bool isDamaged = false;         // see preserve
         bool isOvertaken = false;       // the last writing found another value than `seen`
 
-        // Whether `stored` may be overwritten as something that was seen.
+        // Whether `stored` may be overwritten, since this object has seen it.
         [[nodiscard]] bool allows(const Fingerprint& stored) const {
             return !stored || stored == seen;
         }
@@ -74,7 +75,7 @@ private:
     // Values by their keys, to be written in one transaction.
     using Batch = std::map<std::string, Pending, std::less<>>;
 
-    // Takes in what was read; gives `found` the value that waits to be written instead, if any.
+    // Notes what was read. Puts the value that waits to be written into `found`, if there is one.
     void noteRead(const std::string& key, Result<Data>& found);
     [[nodiscard]] Result<> write(const Batch& batch);
     void writeWaiting();

@@ -7,7 +7,8 @@
 
 namespace korvan {
 
-// One SQL statement, from its preparation to its end.
+// One SQL statement, from its preparation to its end. The first failure is kept in code(), and
+// everything after it does nothing.
 class Statement final {
 public:
     Statement(sqlite3* connection, const char* text)
@@ -30,7 +31,7 @@ public:
         return *this;
     }
 
-    // Whether there is a next row.
+    // Moves to the next row; false when there is none, or after a failure.
     [[nodiscard]] bool step() {
         if (m_code != SQLITE_OK) return false;
         const int code = sqlite3_step(m_statement);
@@ -41,6 +42,7 @@ public:
     // SQLITE_OK unless something failed.
     [[nodiscard]] int code() const { return m_code; }
 
+    // Goes through all rows; the same as code() afterwards.
     [[nodiscard]] int run() {
         while (step()) {
         }

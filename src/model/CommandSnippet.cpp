@@ -5,8 +5,8 @@
 
 namespace korvan {
 
-// One after the other over the growing text, so that a token inside a value that was put in
-// earlier is replaced too. Users rely on it, to keep a {USER} in the host for instance.
+// The tokens are replaced one after the other, so a token inside an earlier value is replaced, too.
+// Users rely on that, for instance to have {USER} in the host.
 CommandExpansion::CommandExpansion(const SSHProfile* profile) : m_hasProfile(profile != nullptr) {
     if (!profile) return;
     m_replacements = {{{"{HOST}", profile->host},

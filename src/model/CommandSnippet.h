@@ -35,15 +35,15 @@ inline bool operator==(const CommandSnippet& left, const CommandSnippet& right) 
     return fieldsAreEqual(left, right);
 }
 
-// Fills command templates from one profile. A list of commands is laid out anew at every change of
-// the selection; one expansion for all of them keeps its memory from one command to the next.
+// Fills command templates from one profile. A whole list of commands is expanded whenever the
+// selection changes, so one object does them all and reuses its memory.
 class CommandExpansion final {
 public:
     // Without a profile the templates stay as they are.
     explicit CommandExpansion(const SSHProfile* profile);
 
-    // The command that the snippet's template makes. Valid until the next call, and only as long as
-    // the snippet is there unchanged.
+    // The command that the snippet's template makes. Valid until the next call, and while the
+    // snippet exists and is not changed.
     [[nodiscard]] const std::string& of(const CommandSnippet& snippet);
 
 private:

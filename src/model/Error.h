@@ -17,7 +17,8 @@ struct Error {
     friend bool operator==(const Error&, const Error&) = default;
 };
 
-// A value, or the reason why there is none. Exceptions do not cross a folder's border.
+// A value, or the reason why there is none. Failures leave a folder as such values, never as
+// exceptions.
 template <class Value = void>
 using Result = std::expected<Value, Error>;
 

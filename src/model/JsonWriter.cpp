@@ -11,12 +11,12 @@ namespace korvan {
 
 namespace {
 
-// What becomes of a byte inside a JSON string.
+// How a byte is written inside a JSON string.
 enum Treatment : char {
     asItIs = 0,
     asCode = 'u', // \u and four digits
-    asText = '8', // belongs to a character outside ASCII, which must be checked
-    // Any other value: a backslash and that character.
+    asText = '8', // part of a character outside ASCII, which must be checked
+    // Any other value: a backslash and then the value itself.
 };
 
 constexpr auto kTreatments = [] {

@@ -67,8 +67,7 @@ Result<KorvanBackup> readBackup(const std::string& bytes,
                                 const std::vector<SSHCategory>& currentCategories) {
     JsonReader reader(bytes);
 
-    // The newer layout first: it holds all keys of the older one, so that a document which lacks
-    // only its categories can be told from one that is damaged.
+    // Version 2 first: its documents have all keys of version 1, too, and would be read as that.
     if (KorvanBackup backup; reader.read(backup)) {
         if (backup.format != backupFormatId || backup.version != 2) return wrongFormat();
         return backup;

@@ -20,7 +20,7 @@ inline constexpr std::string_view backupFormatId = "lumera.Korvan.backup";
 struct KorvanBackup {
     std::string format{backupFormatId};
     std::int64_t version = 2;
-    std::string createdAtISO8601; // carried along, never parsed
+    std::string createdAtISO8601; // kept as it is, never parsed
     std::vector<SSHProfile> profiles;
     std::vector<CommandSnippet> snippets;
     std::vector<SSHCategory> categories;
@@ -34,7 +34,7 @@ inline constexpr auto kFields<KorvanBackup> =
                Field("snippets", &KorvanBackup::snippets),
                Field("categories", &KorvanBackup::categories));
 
-// The older document, without categories. It is read and no longer written.
+// The older document (version 1), without categories. It is still read but no longer written.
 struct KorvanBackupV1 {
     std::string format{backupFormatId};
     std::int64_t version = 1;
@@ -50,7 +50,7 @@ inline constexpr auto kFields<KorvanBackupV1> =
                Field("profiles", &KorvanBackupV1::profiles),
                Field("snippets", &KorvanBackupV1::snippets));
 
-// `time` is written in UTC, to the whole second.
+// The document of these lists, made at `time`, which is stored in UTC and in whole seconds.
 [[nodiscard]] KorvanBackup makeBackup(std::vector<SSHProfile> profiles,
                                       std::vector<CommandSnippet> snippets,
                                       std::vector<SSHCategory> categories,
@@ -59,9 +59,9 @@ inline constexpr auto kFields<KorvanBackupV1> =
 // The bytes of a backup file: pretty-printed JSON with sorted keys.
 [[nodiscard]] std::string writeBackup(const KorvanBackup& backup);
 
-// Reads the bytes of a backup file of either version. A version-1 document gets
+// Reads the bytes of a backup file of either version. A document of version 1 gets
 // `currentCategories`, or the default category when there are none. Errors are of the domain
-// "Import": 1 when the document is readable but of another format or version, 2 when it is not.
+// "Import": code 1 for a readable document of another format or version, 2 for any other text.
 [[nodiscard]] Result<KorvanBackup> readBackup(const std::string& bytes,
                                               const std::vector<SSHCategory>& currentCategories);
 

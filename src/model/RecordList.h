@@ -18,9 +18,9 @@ namespace korvan {
 template <class Record>
 [[nodiscard]] std::string encodeList(const std::vector<Record>& records);
 
-// All records, or the error of the first that cannot be read; nothing in between. `listName` begins
-// the place that the error names, as in `profiles[1].host: required key is missing`. Quicker when
-// `expectedCount` is about right.
+// All records, or the error of the first one that cannot be read. `listName` begins the place that
+// the error names, as in `profiles[1].host: required key is missing`. `expectedCount` is a guess at
+// the number of records; a good guess makes reading faster.
 template <class Record>
 [[nodiscard]] Result<std::vector<Record>>
 decodeList(const std::string& json, std::string_view listName, std::size_t expectedCount = 0);

@@ -10,8 +10,8 @@
 
 namespace korvan {
 
-// How to reach one machine by ssh. Any text is allowed in any field; the editor checks, not the
-// record.
+// How to reach one machine by ssh. The record allows any text in any field; only the editor checks
+// what the user enters.
 struct SSHProfile {
     Uuid id = Uuid::random();
     std::string name;

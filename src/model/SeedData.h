@@ -7,8 +7,8 @@
 
 #include <vector>
 
-// What an empty list is filled with. Each is made once per run, the first time it is needed, so
-// that all windows of one run seed the same ids.
+// What an empty list is filled with. Each record is made only once in a run, so that all windows
+// fill their lists with the same ids.
 namespace korvan {
 
 [[nodiscard]] const SSHProfile& sampleProfile();

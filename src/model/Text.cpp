@@ -36,8 +36,8 @@ bool isContinuation(std::string_view text, std::size_t at) {
     return at < text.size() && (byteAt(text, at) & 0xC0) == 0x80;
 }
 
-// The length of the valid character that begins at `at`, 0 when none does. Overlong forms,
-// surrogates and values above U+10FFFF are not valid; the second byte alone tells all three.
+// The length of the valid character that begins at `at`, or 0. Overlong forms, surrogates and values
+// above U+10FFFF are not valid; their first two bytes tell.
 std::size_t characterLength(std::string_view text, std::size_t at) {
     const std::uint8_t lead = byteAt(text, at);
     if (lead < 0x80) return 1;
@@ -90,8 +90,8 @@ char lowerAscii(char character) {
     return character >= 'A' && character <= 'Z' ? static_cast<char>(character | 0x20) : character;
 }
 
-// Writes `text` to `out` in lower case where that is quickly done: in ASCII and the letters from
-// U+00C0 to U+00FF. Answers false where there is any other character, and `out` is of no use then.
+// Writes `text` to `out` in lower case if it holds only ASCII and letters from U+00C0 to U+00FF, for
+// which that is quick. Returns false for any other text; `out` is useless then.
 bool lowerPlain(std::string& out, std::string_view text) {
     constexpr char lead = '\xC3';
     out.resize(text.size());
@@ -101,7 +101,7 @@ bool lowerPlain(std::string& out, std::string_view text) {
         const char character = text[i];
         const auto byte = static_cast<std::uint8_t>(character);
         if (isAfterLead) {
-            // From À to Þ, without the sign between them, 32 characters below their small letters.
+            // À to Þ are 32 below their small letters. The multiplication sign is among them.
             const bool isCapital = byte <= 0x9E && byte != 0x97;
             out[i] = isCapital ? static_cast<char>(byte | 0x20) : character;
             isPlain = isPlain && (byte & 0xC0) == 0x80;
@@ -115,8 +115,8 @@ bool lowerPlain(std::string& out, std::string_view text) {
     return isPlain && !isAfterLead;
 }
 
-// Writes `text` to `out` in the form that is searched: full lower case, and the sigma that ends a
-// word written as any other, since whether a sigma ends a word depends on where the word was cut.
+// Writes `text` to `out` in the form that is searched: full lower case, with the final sigma written
+// as the usual one. A query may end inside of a word, where the text does not have the final form.
 void writeSearchForm(std::string& out, std::string_view text) {
     if (lowerPlain(out, text)) return;
     constexpr char16_t finalSigma = u'\u03C2';

@@ -34,7 +34,7 @@ int valueOf(char character) { return kDigitValues[static_cast<unsigned char>(cha
 
 Uuid Uuid::random() {
     Uuid uuid;
-    // Fails only on a kernel without the call; an identity that may repeat would be worse.
+    // Fails only on a kernel without the call. Going on with ids that may repeat would be worse.
     if (getentropy(uuid.m_bytes.data(), uuid.m_bytes.size()) != 0) std::abort();
     uuid.m_bytes[6] = static_cast<std::uint8_t>((uuid.m_bytes[6] & 0x0F) | 0x40);
     uuid.m_bytes[8] = static_cast<std::uint8_t>((uuid.m_bytes[8] & 0x3F) | 0x80);

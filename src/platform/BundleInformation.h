@@ -9,7 +9,7 @@
 
 namespace korvan {
 
-// What the program knows of itself as a product.
+// What the program knows about itself as a product.
 struct BundleInformation {
     using Value = std::variant<std::string, std::int64_t>;
 

@@ -10,8 +10,8 @@ class Clipboard {
 public:
     virtual ~Clipboard() = default;
 
-    // Replaces whatever the clipboard holds, of any type, by `text` as plain text. A desktop that
-    // refuses does so without a word.
+    // Replaces what the clipboard holds by `text`, as plain text. When the desktop refuses, nothing
+    // happens and nobody is told.
     virtual void setText(const std::string& text) = 0;
 };
 

@@ -11,7 +11,7 @@ class FilePanels;
 class MainQueue;
 class Workspace;
 
-// What a window asks of the desktop. All of it must outlive the window.
+// What a window needs of the desktop. Every part must outlive the window.
 struct Desktop {
     Clipboard& clipboard;
     Workspace& workspace;

@@ -23,8 +23,8 @@ constexpr std::string_view kCannotRead = "Die Datei konnte nicht gelesen werden"
 constexpr std::string_view kCannotWrite = "Die Datei konnte nicht geschrieben werden";
 constexpr std::string_view kCannotCreateFolder = "Der Ordner konnte nicht angelegt werden";
 
-// The codes that a user can do something about; the C library's own texts follow a locale that the
-// program does not choose.
+// In German for the codes that a user can do something about. The C library's own texts are in the
+// language of a locale that the program does not choose.
 std::string reasonFor(int code) {
     switch (code) {
     case EACCES:
@@ -67,7 +67,7 @@ public:
     [[nodiscard]] bool isOpen() const { return m_number >= 0; }
     [[nodiscard]] int number() const { return m_number; }
 
-    // Some file systems report only now that there was no space.
+    // False on failure: some file systems report a full disk only now.
     bool close() { return ::close(std::exchange(m_number, -1)) == 0; }
 
 private:
@@ -84,7 +84,7 @@ bool writeAll(int descriptor, std::string_view bytes) {
     return true;
 }
 
-// Makes a rename durable. A file system that cannot do so has no other way either.
+// Makes a rename in `folder` durable. Succeeds where the file system has no way to do that.
 bool syncFolder(const fs::path& folder) {
     const Descriptor descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!descriptor.isOpen()) return errno == EACCES; // may be written to but not read
@@ -95,8 +95,8 @@ fs::path folderOf(const fs::path& path) {
     return path.has_parent_path() ? path.parent_path() : fs::path(".");
 }
 
-// Where `path` leads: past symbolic links, also past one whose file does not exist yet. A circle of
-// links is left for the system to find.
+// Where `path` leads through symbolic links, even when there is no file yet. The system reports a
+// circle of links later.
 fs::path targetOf(const fs::path& path) {
     constexpr int mostLinks = 40; // as many as the system follows
     fs::path target = path;
@@ -106,9 +106,9 @@ fs::path targetOf(const fs::path& path) {
     return target;
 }
 
-// A file beside its target, which takes the target's place or is gone again. It gets a name only
-// when it is whole, so that nothing stays behind when the program is killed while it writes; where
-// the file system knows no nameless files, it has one from the start.
+// A file beside its target, which replaces the target or disappears. It gets a name only when it is
+// whole, so nothing stays behind when the program is killed while it writes. On a file system
+// without nameless files it has a name from the start.
 class TemporaryFile final {
 public:
     explicit TemporaryFile(const fs::path& target)
@@ -161,7 +161,7 @@ Error posixError(int code, std::string_view what, const fs::path& path) {
 }
 
 Result<std::string> readFile(const fs::path& path) {
-    // O_NONBLOCK: opening a pipe would wait for somebody to write into it.
+    // O_NONBLOCK: otherwise opening a pipe waits until somebody writes into it.
     const Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     struct stat status{};
     if (!file.isOpen() || ::fstat(file.number(), &status) != 0)
@@ -174,7 +174,7 @@ Result<std::string> readFile(const fs::path& path) {
     std::size_t expected = static_cast<std::size_t>(status.st_size);
     std::size_t length = 0;
     while (true) {
-        // One byte more than expected, so that the end is seen without another round.
+        // One byte more than expected, so that the end is seen without growing again.
         reserveForJson(bytes, expected + 1);
         bytes.resize(expected + 1);
         const ssize_t count = ::read(file.number(), bytes.data() + length, bytes.size() - length);
@@ -183,7 +183,7 @@ Result<std::string> readFile(const fs::path& path) {
         if (count == 0) break;
         length += static_cast<std::size_t>(count);
         if (length == bytes.size())
-            expected = 2 * length + 4096; // it grows, or has no size of its own
+            expected = 2 * length + 4096; // the file grows, or its size is not known
     }
     bytes.resize(length);
     return bytes;

@@ -11,8 +11,8 @@ class MainQueue {
 public:
     virtual ~MainQueue() = default;
 
-    // Runs `task` once from the event loop when `delay` is over. The task must bear that whatever
-    // it works on has ended meanwhile.
+    // Runs `task` once, from the event loop, when `delay` is over. What the task works on may be
+    // gone by then; the task must check that. Never runs it when the queue ends first.
     virtual void runAfter(std::chrono::milliseconds delay, std::function<void()> task) = 0;
 };
 

@@ -10,7 +10,7 @@
 namespace korvan {
 
 void secureStandardStreams() {
-    // In this order, since a file that is opened gets the least number that is free.
+    // In this order, since a new file gets the lowest free number.
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
         if (::fcntl(stream, F_GETFD) < 0 && errno == EBADF) (void)::open("/dev/null", O_RDWR);
     std::signal(SIGPIPE, SIG_IGN);

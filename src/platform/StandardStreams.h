@@ -3,13 +3,14 @@
 
 namespace korvan {
 
-// Makes it safe to print, and to open files, whatever the process was started with. To be called
-// before anything opens a file.
+// Makes it safe to print and to open files, however the process was started. Call this before
+// anything opens a file.
 //
-// A standard stream that is closed becomes /dev/null: otherwise the next file that is opened takes
-// its number, and what is printed goes into that file. And a reader of ours that goes away no
-// longer ends the process; the line is lost. Children that runChild and startDetached start do not
-// inherit this.
+// Opens /dev/null for each standard stream that is closed. Otherwise the next file would take the
+// stream's number, and what is printed would go into that file.
+//
+// Ignores SIGPIPE, so that the process goes on when the reader of its output has gone; what it
+// prints then is lost. The children of runChild and startDetached do not inherit that.
 void secureStandardStreams();
 
 } // namespace korvan

@@ -12,12 +12,12 @@ class Workspace {
 public:
     virtual ~Workspace() = default;
 
-    // Hands the file at `path` to `application`, without waiting for it. Answers whether something
+    // Hands the file at `path` to `application` and does not wait for it. Returns whether a program
     // was started that may take the file.
     //
-    // Some programs fail only a moment after they were started. When that happens after the answer
-    // was yes and nothing else takes the file either, `refusedLater` is called, once, from the
-    // event loop. It is not called after the answer was no.
+    // Some programs fail only a moment after their start. When that happens after true was
+    // returned, and no other program takes the file either, `refusedLater` is called once, from
+    // the event loop. It is never called after false was returned.
     [[nodiscard]] virtual bool openFile(const std::filesystem::path& path,
                                         std::string_view application,
                                         std::function<void()> refusedLater) = 0;

@@ -13,10 +13,10 @@
 namespace korvan {
 
 // Where the lists are kept between runs: bytes under a key. Several processes, and several windows
-// of one, may use the same place at once; each object belongs to one of them.
+// of one process, may use the same place at once. Each window has an object of its own.
 class KeyValueStore {
 public:
-    // Nothing when the key is absent or its value is no data value.
+    // Nothing when the key is absent, or when its value is of another type than bytes.
     using Data = std::optional<std::string>;
 
     struct Value {
@@ -27,23 +27,27 @@ public:
     virtual ~KeyValueStore() = default;
 
     // The bytes under each of `keys`, in that order, all as they were at one moment. The result of
-    // a key is an error when it cannot be read just now; there may be a value all the same.
+    // a key is an error when it cannot be read just now; there may still be a value.
     [[nodiscard]] virtual std::vector<Result<Data>>
     dataForKeys(std::span<const std::string_view> keys) = 0;
 
-    // Puts all of `values` under their keys in one transaction: at every moment all of them are
-    // there or all of the earlier ones. On success they are durable; on failure the earlier ones
-    // are untouched, and these may be tried again later. An earlier one that is no data value is
-    // put aside, where this program never looks but a person can. Fails for a key whose last
-    // reading failed, unless what stands there was seen before: what nobody has seen is never
+    // Puts all of `values` under their keys in one transaction: at every moment, either all of them
+    // are stored or all of the earlier values.
+    //
+    // On success they are durable. On failure the earlier values are untouched, and the store may
+    // try to write the new ones again later. Fails for a key whose last reading failed, unless the
+    // stored value is one that this object has seen: a value that nobody has seen is never
     // overwritten.
+    //
+    // An earlier value of another type than bytes is put aside first: the program never reads it
+    // again, but a person can.
     [[nodiscard]] virtual Result<> setValues(std::vector<Value> values) = 0;
 
-    // Has the value that was last read under `key` put aside when another takes its place. For data
-    // that could not be decoded.
+    // Marks the value that was last read under `key` as one that could not be decoded. It is put
+    // aside when another value takes its place.
     virtual void preserve(std::string_view key) = 0;
 
-    // The same two for one key.
+    // The same for one key.
     [[nodiscard]] Result<Data> dataForKey(std::string_view key) {
         return std::move(dataForKeys(std::span(&key, 1)).front());
     }

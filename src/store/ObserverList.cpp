@@ -34,7 +34,7 @@ void ObserverList::notify() {
     // A copy: observers may subscribe, unsubscribe, notify again, or end this list.
     const auto round = m_observers;
     for (const auto& weak : round) {
-        const auto observer = weak.lock(); // lives on during its own call
+        const auto observer = weak.lock(); // keeps it alive during its own call
         if (observer && observer->isSubscribed) observer->call();
     }
 }

@@ -9,8 +9,8 @@ namespace korvan {
 
 class ObserverList;
 
-// One observer's place in an ObserverList. The observer is called until this object ends; either
-// of the two may end first.
+// One observer's place in an ObserverList. The observer is called until this object ends. The list
+// and the subscription may end in any order.
 class Subscription final {
 public:
     Subscription() = default;
@@ -28,9 +28,9 @@ private:
     std::shared_ptr<Observer> m_observer;
 };
 
-// Calls functions when something changed; they read for themselves what it was. One thread only.
-// An observer that is added during a round waits for the next one, and one that is removed during
-// a round is not called again. Observers may notify in turn.
+// Calls its observers when something has changed; they find out themselves what it was. For one
+// thread only. An observer that is added during a round waits for the next round. One that is
+// removed during a round is not called again. Observers may call notify() themselves.
 class ObserverList final {
 public:
     ObserverList() = default;

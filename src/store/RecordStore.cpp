@@ -109,7 +109,7 @@ const Record* RecordStore<Record>::find(const Uuid& id) const {
 template <class Record>
 void RecordStore<Record>::changeEach(const std::function<bool(Record&)>& change) {
     bool hasChanged = false;
-    // By position: an observer may change the list while it is walked.
+    // By position: an observer may change the list during the loop.
     for (std::size_t i = 0; i < m_records.size(); ++i) {
         if (!change(m_records[i])) continue;
         hasChanged = true;

@@ -28,7 +28,7 @@ struct StoreKind {
     enum class NewRecords { first, last } newRecords;
 };
 
-// What is stored for the three stores, all of it as it was at one moment.
+// What is stored for the three stores, all as it was at one moment.
 struct StoredLists {
     explicit StoredLists(KeyValueStore& keyValueStore);
 
@@ -55,10 +55,10 @@ public:
     // list cannot be read or decoded, after printing one line.
     void load();
 
-    // As `load`, of what was read already.
+    // The same for a list that has been read already.
     void load(Result<KeyValueStore::Data> stored);
 
-    // Writes the whole list.
+    // Writes the whole list. Prints one line when that fails.
     void save();
 
     void add(Record record);
@@ -74,30 +74,29 @@ public:
     // The first record with this id, or null. Valid until the next change.
     [[nodiscard]] const Record* find(const Uuid& id) const;
 
-    // Differs from what it was before whenever the list may have changed.
+    // A number that grows with every change of the list.
     [[nodiscard]] std::uint64_t revision() const { return m_revision; }
 
-    // Calls `observer` after each change of the list, an equal one included.
+    // Calls `observer` after each change of the list, even when the new list equals the old one.
     [[nodiscard]] Subscription observe(std::function<void()> observer) {
         return m_observers.observe(std::move(observer));
     }
 
 protected:
-    // Loads the list, or fills it with `seed` and saves it when it is empty then.
+    // Loads the list. If it is empty then, fills it with `seed` and saves it.
     RecordStore(KeyValueStore& keyValueStore, const StoreKind& kind, std::vector<Record> seed,
                 Result<KeyValueStore::Data> stored);
     ~RecordStore() = default;
 
     [[nodiscard]] const std::vector<Record>& records() const { return m_records; }
 
-    // Applies `change` to each record in turn and notifies wherever it answers true; writes once
-    // at the end if it did so at all.
+    // Calls `change` for each record in turn, and the observers each time it returns true. Writes
+    // the list once at the end, if any record has changed.
     void changeEach(const std::function<bool(Record&)>& change);
 
 private:
-    // The list has changed: ends every mutation.
     void notifyAndSave();
-    void change(std::vector<Record> records); // does not write
+    void change(std::vector<Record> records); // notifies, but does not write
     void notify();
     [[nodiscard]] KeyValueStore::Value value() const;
     void printError(std::string_view action, const Error& error) const;
@@ -150,12 +149,12 @@ public:
     [[nodiscard]] const std::vector<CommandSnippet>& snippets() const { return records(); }
 };
 
-// Both are for stores of one key-value store and treat them in the order in which they stand here.
-// Loads each as its `load` does; what is loaded was stored together at one moment.
+// Loads each store as its `load` does, from lists that were stored together at one moment. The
+// stores must share one key-value store, as in replaceAll.
 void loadAll(SSHStore& profiles, SnippetStore& snippets, CategoryStore& categories);
 
-// Replaces each list by that of `backup`, calls its observers, and then writes all three in one
-// transaction. When that fails, each list keeps the change and prints its line.
+// Replaces each list by that of `backup` and calls its observers, in this order; then writes all
+// three in one transaction. When that fails, each list keeps the change and prints its line.
 void replaceAll(SSHStore& profiles, SnippetStore& snippets, CategoryStore& categories,
                 KorvanBackup backup);
 
