@@ -119,19 +119,18 @@ void DesktopSettings::take(const QString& group, const QString& key, QVariant va
 }
 
 void DesktopSettings::takeNumber(const QString& group, const QString& key, double number) {
-    if (group == kAppearance && key == kColorScheme) {
+    if (group == kAppearance && key == kColorScheme)
         m_colorScheme = number == 1   ? ColorScheme::dark
                         : number == 2 ? ColorScheme::light
                                       : ColorScheme::none;
-    } else if (group == kAppearance && key == kContrast) {
+    else if (group == kAppearance && key == kContrast)
         m_wantsMoreContrast = number == 1;
-    } else if (group == kGnome && key == kEnableAnimations) {
+    else if (group == kGnome && key == kEnableAnimations)
         m_isAnimated = number != 0;
-    } else if (group == kGnome && key == kTextScale) {
+    else if (group == kGnome && key == kTextScale)
         m_textScale = number;
-    } else if (group == kKde && key == kDurationFactor) {
+    else if (group == kKde && key == kDurationFactor)
         m_durationFactor = number;
-    }
 }
 
 } // namespace korvan
