@@ -9,7 +9,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
-#include <cmath>
+#include <limits>
 
 namespace korvan {
 
@@ -24,7 +24,8 @@ constexpr int kButtonSize = 24;
 constexpr int kButtonSpacing = 4;
 constexpr int kButtonPadding = 4; // above and below a button's text
 constexpr int kMostCommandLines = 2;
-constexpr int kMostOtherLines = 3; // of a title, and of a hint
+constexpr int kMostOtherLines = 3;                 // of a title, and of a hint
+constexpr std::size_t kMostKnownHeights = 1 << 17; // those of 100,000 commands
 
 QFont titleFont() {
     QFont font = fontFor(TextStyle::subheadline);
@@ -34,7 +35,7 @@ QFont titleFont() {
 
 QFont commandFont() { return fontFor(TextStyle::caption, FontDesign::monospaced); }
 
-// Of the button with this text alone.
+// The width of a button with this text alone.
 int copyButtonWidth() {
     QPushButton button(u"Copy"_s);
     button.setFont(fontFor(TextStyle::subheadline));
@@ -53,15 +54,19 @@ QString accentedLetters() {
     return letters;
 }
 
+// Whether an accented letter begins at this byte.
+bool isAccented(const std::string& text, std::size_t i) {
+    return text[i] == kLead && i + 1 < text.size() &&
+           (static_cast<unsigned char>(text[i + 1]) & 0xC0) == 0x80;
+}
+
 // How many characters a text has that consists of visible ASCII and accented letters; nothing for
 // any other.
 std::optional<std::size_t> plainLength(const std::string& text) {
     std::size_t length = 0;
     for (std::size_t i = 0; i < text.size(); ++i, ++length) {
         const bool isPlain = text[i] >= ' ' && text[i] < 0x7F;
-        const bool isLetter = text[i] == kLead && i + 1 < text.size() &&
-                              (static_cast<unsigned char>(text[i + 1]) & 0xC0) == 0x80;
-        if (isLetter)
+        if (isAccented(text, i))
             ++i;
         else if (!isPlain)
             return std::nullopt;
@@ -71,39 +76,48 @@ std::optional<std::size_t> plainLength(const std::string& text) {
 
 } // namespace
 
-SnippetRowMetrics::Paragraph::Paragraph(const QFont& itsFont, int itsWidth)
-    : font(itsFont), width(std::max(itsWidth, 1)), lineHeight(QFontMetrics(font).lineSpacing()) {
+SnippetRowMetrics::Paragraph::Paragraph(const QFont& font, int width, QString (*shown)(QString))
+    : m_font(font), m_width(std::max(width, 1)), m_shown(shown),
+      m_lineHeight(QFontMetrics(font).lineSpacing()) {
+    // Every other letter has a byte from 0x80 to 0xBF, which makes its text infinitely wide.
+    m_advances.fill(std::numeric_limits<float>::infinity());
     const QFontMetricsF metrics(font);
-    for (std::size_t letter = ' '; letter <= kLastLetter; ++letter)
+    for (char16_t letter = u' '; letter <= kLastLetter; ++letter)
         if (letter < 0x7F || letter >= kFirstLetter)
-            advances[letter] =
-                static_cast<float>(metrics.horizontalAdvance(QChar(static_cast<ushort>(letter))));
+            m_advances[letter] = static_cast<float>(metrics.horizontalAdvance(QChar(letter)));
 }
 
-int SnippetRowMetrics::Paragraph::heightOf(const std::string& text,
-                                           QString (*shown)(QString)) const {
-    // Most texts have one line, and need not be laid out to see that.
-    if (plainLength(text)) {
-        float advance = 0;
-        for (std::size_t i = 0; i < text.size(); ++i) {
-            auto letter = static_cast<unsigned char>(text[i]);
-            // The second byte of an accented letter is its code but for one bit.
-            if (text[i] == kLead) letter = static_cast<unsigned char>(text[++i] | 0x40);
-            advance += advances[letter];
-        }
-        constexpr float kerning = 1.05F; // moves letters apart, too
-        if (advance * kerning <= static_cast<float>(width)) return lineHeight;
+float SnippetRowMetrics::Paragraph::advanceOf(const std::string& text) const {
+    float advance = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        auto letter = static_cast<unsigned char>(text[i]);
+        // The second byte of an accented letter is its code but for one bit.
+        if (isAccented(text, i)) letter = static_cast<unsigned char>(text[++i] | 0x40);
+        advance += m_advances[letter];
     }
-    return shownHeight(shown(toQString(text)), font, width, kMostOtherLines);
+    return advance;
+}
+
+int SnippetRowMetrics::Paragraph::heightOf(const std::string& text) const {
+    // Most texts have one line, and need not be laid out to see that.
+    constexpr float kerning = 1.05F; // moves letters apart, too
+    if (advanceOf(text) * kerning <= static_cast<float>(m_width)) return m_lineHeight;
+    if (const auto known = m_knownHeights.find(text); known != m_knownHeights.end())
+        return known->second;
+    const int height = shownHeight(m_shown(toQString(text)), m_font, m_width, kMostOtherLines);
+    if (m_knownHeights.size() == kMostKnownHeights) m_knownHeights.clear();
+    m_knownHeights.emplace(text, height);
+    return height;
 }
 
 SnippetRowMetrics::SnippetRowMetrics(int width)
     : m_width(width), m_textWidth(std::max(width - 2 * kInset, 1)), m_copyWidth(copyButtonWidth()),
       m_buttonHeight(
           std::max(QFontMetrics(titleFont()).height() + 2 * kButtonPadding, kButtonSize)),
-      m_title(titleFont(), m_textWidth - m_copyWidth - 2 * m_buttonHeight - 3 * kButtonSpacing),
-      m_hint(fontFor(TextStyle::caption2), m_textWidth), m_commandFont(commandFont()),
-      m_commandLineHeight(QFontMetrics(m_commandFont).lineSpacing()),
+      m_title(titleFont(), m_textWidth - m_copyWidth - 2 * m_buttonHeight - 3 * kButtonSpacing,
+              onOneLine),
+      m_hint(fontFor(TextStyle::caption2), m_textWidth, [](QString text) { return text; }),
+      m_commandFont(commandFont()), m_commandLineHeight(QFontMetrics(m_commandFont).lineSpacing()),
       m_characterWidth(QFontMetricsF(m_commandFont).horizontalAdvance(u'0')) {}
 
 bool SnippetRowMetrics::hasEvenLetters() const {
@@ -116,8 +130,8 @@ bool SnippetRowMetrics::hasEvenLetters() const {
 }
 
 int SnippetRowMetrics::commandHeight(const std::string& command) const {
-    // One line or more is all that matters, so that hardly any text has to be laid out: in a
-    // monospaced font the width of a text follows from its length.
+    // All that matters is whether one line is enough. In a monospaced font the length of a text
+    // tells that, so that hardly any text is laid out.
     const auto length = plainLength(command);
     if (length && (*length == command.size() || hasEvenLetters())) {
         const bool hasOneLine = static_cast<double>(*length) * m_characterWidth <= m_textWidth;
@@ -127,12 +141,11 @@ int SnippetRowMetrics::commandHeight(const std::string& command) const {
 }
 
 int SnippetRowMetrics::titleHeight(const CommandSnippet& snippet) const {
-    return std::max(m_title.heightOf(snippet.title, onOneLine), m_buttonHeight);
+    return std::max(m_title.heightOf(snippet.title), m_buttonHeight);
 }
 
 int SnippetRowMetrics::hintHeight(const CommandSnippet& snippet) const {
-    return snippet.hint.empty() ? 0
-                                : m_hint.heightOf(snippet.hint, [](QString text) { return text; });
+    return snippet.hint.empty() ? 0 : m_hint.heightOf(snippet.hint);
 }
 
 int SnippetRowMetrics::heightWithoutCommand(const CommandSnippet& snippet) const {
@@ -178,7 +191,7 @@ void SnippetRow::show(const CommandSnippet& snippet, const SSHProfile* profile,
     m_hint->setVisible(!snippet.hint.empty());
     setAccessibleName(title);
     setAccessibleDescription(toQString(command));
-    // All rows have the same three buttons: without the title nobody could tell them apart.
+    // All rows have the same three buttons. Only the title tells them apart.
     m_copyButton->setAccessibleName(u"Copy: "_s + title);
     m_editButton->setAccessibleName(u"Bearbeiten: "_s + title);
     m_deleteButton->setAccessibleName(u"Löschen: "_s + title);

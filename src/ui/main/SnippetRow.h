@@ -8,6 +8,8 @@
 #include <QWidget>
 #include <array>
 #include <optional>
+#include <string>
+#include <unordered_map>
 
 class QPushButton;
 class QToolButton;
@@ -17,16 +19,17 @@ namespace korvan {
 class ElidedLabel;
 
 // The heights of a command's row, worked out from text and fonts alone, so that a list can be laid
-// out without making a widget for each row. They hold for the fonts of the moment.
+// out without making a widget for each row. They are right until the fonts change.
 class SnippetRowMetrics final {
 public:
     // `width` is that of the whole row.
     explicit SnippetRowMetrics(int width);
 
-    // Of a row without its command: what stays the same whatever the command is filled from.
+    // The height of a row without its command: the part that no profile changes.
     [[nodiscard]] int heightWithoutCommand(const CommandSnippet& snippet) const;
 
-    // Of one line or two; what needs more is cut. `command` is what the snippet expands to.
+    // The height of `command`, which is what the snippet expands to: one line or two, since the
+    // rest is cut.
     [[nodiscard]] int commandHeight(const std::string& command) const;
 
     [[nodiscard]] int titleHeight(const CommandSnippet& snippet) const;
@@ -39,18 +42,28 @@ public:
 
 private:
     // A text in lines that are broken between words.
-    struct Paragraph {
-        QFont font;
-        int width = 1;
-        int lineHeight = 0;
-        std::array<float, 256> advances{}; // of visible ASCII and accented letters, by Latin-1
-
-        Paragraph(const QFont& itsFont, int itsWidth);
+    class Paragraph final {
+    public:
         // `shown` makes of a text what is shown of it.
-        [[nodiscard]] int heightOf(const std::string& text, QString (*shown)(QString)) const;
+        Paragraph(const QFont& font, int width, QString (*shown)(QString));
+
+        [[nodiscard]] int heightOf(const std::string& text) const;
+
+    private:
+        // How wide a text is on one line, but for kerning. Infinite for a text with other letters
+        // than visible ASCII and accented ones.
+        [[nodiscard]] float advanceOf(const std::string& text) const;
+
+        QFont m_font;
+        int m_width;
+        QString (*m_shown)(QString);
+        int m_lineHeight;
+        std::array<float, 256> m_advances; // of each letter of Latin-1
+        // Of the texts that had to be laid out. Most of them come again with the next change.
+        mutable std::unordered_map<std::string, int> m_knownHeights;
     };
 
-    // Whether the command's font has accented letters, and as wide as all others.
+    // Whether the accented letters of the command's font are there and as wide as all others.
     [[nodiscard]] bool hasEvenLetters() const;
 
     int m_width;
@@ -62,12 +75,12 @@ private:
     QFont m_commandFont;
     int m_commandLineHeight;
     double m_characterWidth;                      // of the command's font, for ASCII
-    mutable std::optional<bool> m_hasEvenLetters; // nothing until it is asked
+    mutable std::optional<bool> m_hasEvenLetters; // empty until it is needed
 };
 
 // One command as the user sees it: title, what it expands to, and its buttons. A click anywhere
-// else on it copies, as its button does. Used again for another command as the list scrolls. The
-// state must outlive it.
+// else on it copies, as its button does. The list uses it again for another command. The state must
+// outlive it.
 class SnippetRow final : public QWidget {
     Q_OBJECT
 
@@ -85,10 +98,11 @@ public:
     void setMarked(bool isMarked);
     [[nodiscard]] bool isMarked() const { return m_isMarked; }
 
-    // Whether the pointer is on the row. It is told to the row when that moves under the pointer.
+    // Whether the pointer is on the row. The row sees by itself when the pointer moves; the list
+    // tells it when the row does.
     void setHovered(bool isHovered);
 
-    // Whether a line parts it from the next row.
+    // Whether it is the last row. All others have a line below them.
     void setLast(bool isLast);
 
     void copy();
