@@ -100,7 +100,7 @@ void ContentView::saveProfile(const SSHProfile& profile) {
         store.update(profile);
     } else {
         store.add(profile);
-        // Nobody should take what they have just made for lost.
+        // A new profile that is hidden would look lost.
         if (!categoryFilter->admits(profile)) categoryFilter = CategoryFilter::all();
     }
     showEditor = false;
