@@ -2,7 +2,6 @@
 #include "ui/main/SnippetList.h"
 
 #include "model/CommandSnippet.h"
-#include "ui/main/SnippetListAccessibility.h"
 #include "ui/main/SnippetRow.h"
 
 #include <QAccessible>
@@ -25,7 +24,7 @@ constexpr int kScrollStep = 24;
 
 SnippetList::SnippetList(ContentView& state, QWidget* parent)
     : QAbstractScrollArea(parent), m_state(state) {
-    installSnippetListAccessibility();
+    installAccessibility();
     setObjectName(u"commands"_s);
     setAccessibleName(u"Befehle"_s);
     setFocusPolicy(Qt::StrongFocus);
@@ -37,43 +36,41 @@ SnippetList::SnippetList(ContentView& state, QWidget* parent)
 
 SnippetList::~SnippetList() = default;
 
-bool SnippetList::isUpToDate() const { return m_shown.revision == m_state.snippetStore.revision(); }
-
-bool SnippetList::isLaidOut() const { return m_hasPlaces && isUpToDate(); }
+SnippetList::Stage SnippetList::stage() const {
+    if (m_shown.revision != m_state.snippetStore.revision()) return Stage::stale;
+    return m_tops.empty() ? Stage::listed : Stage::laidOut;
+}
 
 void SnippetList::refresh() {
     Shown wanted{m_state.snippetStore.revision(), m_state.snippetSearch, std::nullopt};
     if (const SSHProfile* profile = m_state.selectedProfile()) wanted.profile = *profile;
     if (m_shown == wanted) return;
     const bool isSameSearch = m_shown.search == wanted.search;
+    if (m_shown.revision != wanted.revision) m_heightsWithoutCommand.clear();
     m_shown = std::move(wanted);
     m_snippets = m_state.filteredSnippets();
     const std::size_t last = m_snippets.empty() ? 0 : m_snippets.size() - 1;
-    m_current = isSameSearch ? std::min(m_current, last) : 0;
+    m_current.row = isSameSearch ? std::min(m_current.row, last) : 0;
     layOut();
     if (!isSameSearch) verticalScrollBar()->setValue(0);
 }
 
 void SnippetList::layOut() {
-    m_hasPlaces = false;
-    // Otherwise the refresh that is on its way does it, or the moment when the list is shown: until
-    // then its width is not the one that it will have.
-    if (!isUpToDate() || !isVisible() || !m_wasShown) return;
+    m_tops.clear();
+    // A stale list is laid out by the refresh that is on its way, a hidden one when it is shown:
+    // until then its width is not the one that it will have.
+    if (stage() == Stage::stale || !isVisible() || !m_mayLayOut) return;
     if (!m_metrics || m_metrics->width() != viewport()->width()) {
         m_metrics = std::make_unique<SnippetRowMetrics>(viewport()->width());
-        m_heightsRevision = kNoRevision;
+        m_heightsWithoutCommand.clear();
     }
-    if (m_heightsRevision != m_shown.revision) {
-        m_heightsWithoutCommand.assign(m_state.snippetStore.snippets().size(), 0);
-        m_heightsRevision = m_shown.revision;
-    }
+    m_heightsWithoutCommand.resize(m_state.snippetStore.snippets().size());
     CommandExpansion expansion(m_shown.profile ? &*m_shown.profile : nullptr);
-    m_tops.assign(1, 0);
     m_tops.reserve(m_snippets.size() + 1);
+    m_tops.push_back(0);
     for (const CommandSnippet* snippet : m_snippets)
         m_tops.push_back(m_tops.back() + heightWithoutCommand(*snippet) +
                          m_metrics->commandHeight(expansion.of(*snippet)));
-    m_hasPlaces = true;
     showPart(Content::changed);
 }
 
@@ -86,7 +83,7 @@ int SnippetList::heightWithoutCommand(const CommandSnippet& snippet) {
 
 void SnippetList::fit() {
     // The heights of all rows follow from the width alone.
-    if (m_hasPlaces && m_metrics->width() == viewport()->width())
+    if (stage() == Stage::laidOut && m_metrics->width() == viewport()->width())
         showPart(Content::same);
     else
         layOut();
@@ -105,7 +102,7 @@ std::size_t SnippetList::rowAt(int y) const {
 }
 
 void SnippetList::showVisibleRows(Content content) {
-    if (!isLaidOut()) return;
+    if (stage() != Stage::laidOut) return;
     const int scrolled = verticalScrollBar()->value();
     const std::size_t first = rowAt(scrolled);
     const std::size_t last =
@@ -136,7 +133,7 @@ void SnippetList::showVisibleRows(Content content) {
     showHover();
 }
 
-// Rows move under a pointer that rests.
+// Scrolling moves rows under a pointer that rests.
 void SnippetList::showHover() {
     const QPoint pointer = viewport()->mapFromGlobal(QCursor::pos());
     for (const auto& [place, row] : m_rows)
@@ -153,10 +150,8 @@ SnippetRow* SnippetList::takeSpareRow() {
     // The keyboard goes on from where the pointer was.
     connect(row, &SnippetRow::pressed, this, [this, row] {
         const auto shown = std::ranges::find(m_rows, row, &decltype(m_rows)::value_type::second);
-        if (shown != m_rows.end()) {
-            m_current = shown->first;
-        }
-        m_showsCurrent = false;
+        if (shown != m_rows.end()) m_current.row = shown->first;
+        m_current.isMarked = false;
         markCurrentRow();
     });
     return row;
@@ -164,8 +159,8 @@ SnippetRow* SnippetList::takeSpareRow() {
 
 void SnippetList::markCurrentRow() {
     for (const auto& [place, row] : m_rows) {
-        row->setCurrent(place == m_current);
-        row->setMarked(place == m_current && m_showsCurrent);
+        row->setCurrent(place == m_current.row);
+        row->setMarked(place == m_current.row && m_current.isMarked);
     }
 }
 
@@ -178,8 +173,8 @@ std::vector<SnippetRow*> SnippetList::visibleRows() const {
 }
 
 SnippetRow* SnippetList::markedRow() const {
-    const auto row = m_rows.find(m_current);
-    return m_showsCurrent && row != m_rows.end() ? row->second : nullptr;
+    const auto row = m_rows.find(m_current.row);
+    return m_current.isMarked && row != m_rows.end() ? row->second : nullptr;
 }
 
 void SnippetList::announceCurrentRow() {
@@ -190,24 +185,24 @@ void SnippetList::announceCurrentRow() {
 }
 
 void SnippetList::moveTo(std::ptrdiff_t row) {
-    if (m_snippets.empty() || !isLaidOut()) return;
+    if (m_snippets.empty() || stage() != Stage::laidOut) return;
     const auto last = static_cast<std::ptrdiff_t>(m_snippets.size()) - 1;
-    m_current = static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(row, 0, last));
+    m_current.row = static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(row, 0, last));
     QScrollBar* bar = verticalScrollBar();
-    const int top = m_tops[m_current];
-    const int bottom = m_tops[m_current + 1];
+    const int top = m_tops[m_current.row];
+    const int bottom = m_tops[m_current.row + 1];
     if (top < bar->value())
         bar->setValue(top);
     else if (bottom > bar->value() + viewport()->height())
         bar->setValue(bottom - viewport()->height());
     markCurrentRow();
-    // Later: when the keyboard comes to the list, Qt announces the list itself after this.
+    // Queued: when the list gets the focus, Qt announces the list itself right after this.
     QMetaObject::invokeMethod(this, &SnippetList::announceCurrentRow, Qt::QueuedConnection);
 }
 
 void SnippetList::keyPressEvent(QKeyEvent* event) {
-    m_showsCurrent = true;
-    const auto current = static_cast<std::ptrdiff_t>(m_current);
+    m_current.isMarked = true;
+    const auto current = static_cast<std::ptrdiff_t>(m_current.row);
     switch (event->key()) {
     case Qt::Key_Up: return moveTo(current - 1);
     case Qt::Key_Down: return moveTo(current + 1);
@@ -215,22 +210,22 @@ void SnippetList::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_End: return moveTo(static_cast<std::ptrdiff_t>(m_snippets.size()));
     case Qt::Key_PageUp:
     case Qt::Key_PageDown: {
-        if (!isLaidOut()) return;
+        if (stage() != Stage::laidOut) return;
         const int way =
             event->key() == Qt::Key_PageUp ? -viewport()->height() : viewport()->height();
-        return moveTo(static_cast<std::ptrdiff_t>(rowAt(std::max(m_tops[m_current] + way, 0))));
+        return moveTo(static_cast<std::ptrdiff_t>(rowAt(std::max(m_tops[m_current.row] + way, 0))));
     }
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_Space:
-        if (isUpToDate() && m_current < m_snippets.size())
-            m_state.copySnippet(*m_snippets[m_current]);
+        if (stage() != Stage::stale && m_current.row < m_snippets.size())
+            m_state.copySnippet(*m_snippets[m_current.row]);
         return;
     default: QAbstractScrollArea::keyPressEvent(event);
     }
 }
 
-// The row shows the focus. A ring around the list would be the second one.
+// The row shows the focus. A ring around the list would be a second one.
 void SnippetList::initStyleOption(QStyleOptionFrame* option) const {
     QAbstractScrollArea::initStyleOption(option);
     if (!m_snippets.empty()) option->state &= ~QStyle::State_HasFocus;
@@ -243,10 +238,11 @@ void SnippetList::resizeEvent(QResizeEvent* event) {
 
 void SnippetList::showEvent(QShowEvent* event) {
     QAbstractScrollArea::showEvent(event);
-    if (m_wasShown) return fit();
-    // A new window does not wait for its commands: they are made while the desktop makes room.
+    if (m_mayLayOut) return fit();
+    // A new window does not wait for its commands: their rows are made while the desktop makes room
+    // for it.
     const auto beginLayingOut = [this] {
-        m_wasShown = true;
+        m_mayLayOut = true;
         fit();
     };
     QMetaObject::invokeMethod(this, beginLayingOut, Qt::QueuedConnection);
@@ -256,16 +252,14 @@ void SnippetList::scrollContentsBy(int, int) { showVisibleRows(Content::same); }
 
 void SnippetList::focusInEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusInEvent(event);
-    // A click shows well enough where it went.
-    m_showsCurrent = event->reason() != Qt::MouseFocusReason;
-    if (m_showsCurrent) {
-        moveTo(static_cast<std::ptrdiff_t>(m_current));
-    }
+    // After a click nobody has to be told where the keyboard is.
+    m_current.isMarked = event->reason() != Qt::MouseFocusReason;
+    if (m_current.isMarked) moveTo(static_cast<std::ptrdiff_t>(m_current.row));
 }
 
 void SnippetList::focusOutEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusOutEvent(event);
-    m_showsCurrent = false;
+    m_current.isMarked = false;
     markCurrentRow();
 }
 

@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "ui/main/SnippetListAccessibility.h"
-
 #include "ui/main/SnippetList.h"
 #include "ui/main/SnippetRow.h"
 
@@ -11,7 +9,7 @@ namespace korvan {
 
 namespace {
 
-// The rows that can be seen are the items; the viewport between list and row says nothing.
+// The rows that can be seen are the items. The viewport between list and rows is left out.
 class ListAccessibility final : public QAccessibleWidget {
 public:
     explicit ListAccessibility(SnippetList* list)
@@ -50,7 +48,8 @@ private:
     SnippetList& m_list;
 };
 
-// The keyboard is on a row while the list has it; pressing a row copies, as a click does.
+// A row has the focus while the list has it and the keyboard is on that row. Pressing it copies, as
+// a click does.
 class RowAccessibility final : public QAccessibleWidget {
 public:
     explicit RowAccessibility(SnippetRow* row)
@@ -82,6 +81,6 @@ QAccessibleInterface* makeInterface(const QString&, QObject* object) {
 
 } // namespace
 
-void installSnippetListAccessibility() { QAccessible::installFactory(makeInterface); }
+void SnippetList::installAccessibility() { QAccessible::installFactory(makeInterface); }
 
 } // namespace korvan
