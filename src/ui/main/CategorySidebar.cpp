@@ -3,7 +3,6 @@
 
 #include "desktop/QtText.h"
 #include "ui/main/CategoryList.h"
-#include "ui/main/CategoryListModel.h"
 #include "ui/main/ColumnHeading.h"
 #include "ui/style/Controls.h"
 
@@ -61,7 +60,7 @@ ColumnHeading* CategorySidebar::makeHeading() {
                              {add, m_renameButton, m_deleteButton});
 }
 
-// The heading is read whole in large text, too.
+// The whole heading can be read in large text, too.
 void CategorySidebar::fitWidth() {
     const int least = std::max(kMinimumWidth, m_heading->idealWidth() + 2 * kPadding);
     setMaximumWidth(std::max(kMaximumWidth, least));
@@ -70,7 +69,7 @@ void CategorySidebar::fitWidth() {
 
 bool CategorySidebar::event(QEvent* event) {
     const bool isDone = QWidget::event(event);
-    // The last of what a new font brings about, when the heading has it.
+    // After a change of font this event comes last, when the heading has the new one.
     if (event->type() == QEvent::LayoutRequest) fitWidth();
     return isDone;
 }
@@ -78,9 +77,9 @@ bool CategorySidebar::event(QEvent* event) {
 void CategorySidebar::refresh() {
     const int current = m_list->currentIndex().row();
     m_model->refresh();
-    // A list that was filled anew goes on where the keyboard was.
+    // A list that was filled anew has lost the row that the keyboard was on.
     if (current >= 0 && !m_list->currentIndex().isValid())
-        m_list->setCurrentIndex(m_model->index(qMin(current, m_model->rowCount() - 1)));
+        m_list->setCurrentIndex(m_model->index(std::min(current, m_model->rowCount() - 1)));
     const bool hasCategory = m_state.selectedCategory() != nullptr;
     m_renameButton->setEnabled(hasCategory);
     m_deleteButton->setEnabled(hasCategory);
@@ -93,7 +92,7 @@ void CategorySidebar::chooseRow(const QModelIndex& index) {
 void CategorySidebar::openMenu(const QModelIndex& index, QPoint globalPosition) {
     const SSHCategory* category = m_model->categoryAt(index.row());
     if (!category) return;
-    // A copy: the list may be another one by the time the user has chosen.
+    // A copy, since the list may change before the user has chosen.
     const SSHCategory chosen = *category;
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -114,7 +113,7 @@ bool CategorySidebar::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::ContextMenu) {
         const auto* menu = static_cast<QContextMenuEvent*>(event);
         const bool isByKey = menu->reason() == QContextMenuEvent::Keyboard;
-        // The list and its viewport both see the event; the mouse's belongs to the viewport.
+        // The list and its viewport both see the event. The mouse's position is in the viewport.
         if (!isByKey && watched != m_list->viewport()) return false;
         if (isByKey)
             openMenuOfCurrentRow();
@@ -125,7 +124,7 @@ bool CategorySidebar::eventFilter(QObject* watched, QEvent* event) {
     if (watched == m_list && event->type() == QEvent::KeyPress) {
         const auto* press = static_cast<QKeyEvent*>(event);
         const int key = press->key();
-        // For keyboards without a key for the menu; the toolkit knows only that one.
+        // For keyboards without a menu key, which is the only one that the toolkit knows.
         if (key == Qt::Key_F10 && press->modifiers() == Qt::ShiftModifier) {
             openMenuOfCurrentRow();
             return true;
