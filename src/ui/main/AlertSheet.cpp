@@ -31,10 +31,17 @@ constexpr int kMaximumMessageHeight = 260;
 constexpr int kRingRoom = 6;   // between the message and its ring of focus, the ring included
 constexpr int kBarSpacing = 8; // between the message and its scroll bar
 
+Label* makeHeading(const QString& title) {
+    auto* heading = new Label(title, TextStyle::headline);
+    heading->setWordWrap(true); // where texts are large
+    heading->setContentsMargins(kRingRoom, 0, kRingRoom, 0);
+    return heading;
+}
+
 } // namespace
 
-// The message. An editor instead of a label: it breaks lines inside of words, such as long paths,
-// and scrolls. By whole lines, all of one height, so that none is ever cut through.
+// The message. An editor and not a label, since it breaks lines inside of words, such as long
+// paths, and scrolls. It scrolls by whole lines of one height, so that none is cut through.
 class AlertText final : public QTextEdit {
 public:
     explicit AlertText(const QString& name) {
@@ -44,7 +51,7 @@ public:
         document()->setDocumentMargin(0);
         setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int value) {
-            verticalScrollBar()->setValue(qRound(double(value) / m_line) * m_line);
+            verticalScrollBar()->setValue((value + m_line / 2) / m_line * m_line);
         });
     }
 
@@ -59,7 +66,7 @@ protected:
         if (event->type() == QEvent::FontChange) layOut();
     }
 
-    // Some devices turn by less than a line at a time.
+    // Adds up the turns of devices that turn by less than a line at a time.
     void wheelEvent(QWheelEvent* event) override {
         constexpr int notch = 120;
         m_turned += event->angleDelta().y() * QApplication::wheelScrollLines();
@@ -77,8 +84,7 @@ private:
         QTextCursor all(document());
         all.select(QTextCursor::Document);
         all.mergeBlockFormat(lines);
-        // Measured in a copy: before it is shown, the editor breaks its lines at a width of its
-        // own.
+        // Measures a copy: before it is shown, the editor breaks lines at a width of its own.
         const std::unique_ptr<QTextDocument> copy(document()->clone());
         copy->setTextWidth(kWidth - 2 * kPadding);
         const int needed = static_cast<int>(std::ceil(copy->size().height()));
@@ -92,8 +98,8 @@ private:
         setFocusPolicy(scrolls ? Qt::StrongFocus : Qt::ClickFocus);
     }
 
-    int m_line = 1;   // the height of each
-    int m_turned = 0; // of the wheel, what is not a line yet
+    int m_line = 1;   // its height
+    int m_turned = 0; // by the wheel, less than a line
 };
 
 AlertSheet::AlertSheet(const QString& title, const QString& message,
@@ -107,38 +113,42 @@ AlertSheet::AlertSheet(const QString& title, const QString& message,
     stack->setContentsMargins(side, kPadding, side, kPadding);
     stack->setSpacing(0);
     stack->addStrut(kWidth - 2 * side);
-    auto* heading = new Label(title, TextStyle::headline);
-    heading->setWordWrap(true); // where texts are large
-    heading->setContentsMargins(kRingRoom, 0, kRingRoom, 0);
-    stack->addWidget(heading);
+    stack->addWidget(makeHeading(title));
     stack->addSpacing(kTitleSpacing - kRingRoom);
     setMessage(message);
     stack->addWidget(m_message);
     stack->addSpacing(kButtonRowSpacing - kRingRoom);
+    addButtons(*stack, buttons);
+}
 
+void AlertSheet::addButtons(QBoxLayout& stack, const std::vector<Button>& buttons) {
     auto* row = new QHBoxLayout;
+    stack.addLayout(row);
     row->setContentsMargins(kRingRoom, 0, kRingRoom, 0);
     row->setSpacing(kButtonSpacing);
     row->addStretch();
     QPushButton* defaultButton = nullptr;
     for (const Button& each : buttons) {
-        QPushButton* button = each.role == Role::destructive ? makeDestructiveButton(each.label)
-                                                             : new QPushButton(each.label);
-        button->setAutoDefault(false);
-        button->setMinimumWidth(kMinimumButtonWidth);
-        button->installEventFilter(this);
-        const bool accepts = each.role != Role::cancel;
-        connect(button, &QPushButton::clicked, this,
-                [this, accepts] { done(accepts ? Accepted : Rejected); });
+        QPushButton* button = makeButton(each);
+        row->addWidget(button);
         if (each.role == Role::cancel || (each.role == Role::standard && !defaultButton))
             defaultButton = button;
-        row->addWidget(button);
     }
-    stack->addLayout(row);
-    if (defaultButton) {
-        defaultButton->setDefault(true);
-        defaultButton->setFocus();
-    }
+    if (!defaultButton) return;
+    defaultButton->setDefault(true);
+    defaultButton->setFocus();
+}
+
+QPushButton* AlertSheet::makeButton(const Button& description) {
+    const auto& [label, role] = description;
+    QPushButton* button =
+        role == Role::destructive ? makeDestructiveButton(label) : new QPushButton(label);
+    button->setAutoDefault(false);
+    button->setMinimumWidth(kMinimumButtonWidth);
+    button->installEventFilter(this);
+    const DialogCode result = role == Role::cancel ? Rejected : Accepted;
+    connect(button, &QPushButton::clicked, this, [this, result] { done(result); });
+    return button;
 }
 
 void AlertSheet::setMessage(const QString& message) {
@@ -147,8 +157,8 @@ void AlertSheet::setMessage(const QString& message) {
     m_message->setMessage(message);
 }
 
-// Some desktops let Return press the button that has the focus. Here it goes to the dialog, which
-// presses the default one.
+// On some desktops Return presses the button that has the focus. Here it goes to the dialog, which
+// presses the default button.
 bool AlertSheet::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();

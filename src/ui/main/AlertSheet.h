@@ -5,15 +5,18 @@
 #include <QString>
 #include <vector>
 
+class QBoxLayout;
+class QPushButton;
+
 namespace korvan {
 
 class AlertText;
 
 // A short message with a title and some buttons, in the order given.
 //
-// Return never destroys: it presses the cancel button, or the only one where there is none,
-// whichever button has the focus. Ends accepted by a button other than the cancel one, and rejected
-// in every other way.
+// Return never destroys. Whichever button has the focus, it presses the cancel button or, where
+// there is none, the first standard one. The dialog ends accepted by a button that does not cancel,
+// and rejected in every other way.
 class AlertSheet final : public QDialog {
     Q_OBJECT
 
@@ -35,6 +38,9 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void addButtons(QBoxLayout& stack, const std::vector<Button>& buttons);
+    [[nodiscard]] QPushButton* makeButton(const Button& description);
+
     AlertText* m_message;
 };
 

@@ -17,21 +17,24 @@ Dialogs::Dialogs(ContentView& state, FilePanels& filePanels, MakeDialog makeAbou
     : m_state(state), m_filePanels(filePanels), m_window(window) {
     using State = ContentView;
     m_bindings = {
-        {&State::showEditor, [this](QWidget* parent) { return makeProfileEditor(parent); }, nullptr,
-         /* hasSession */ true},
-        {&State::showCategoryEditor,
-         [this](QWidget* parent) { return makeCategoryEditor(parent); }},
-        {&State::showSnippetEditor, [this](QWidget* parent) { return makeSnippetEditor(parent); }},
-        {&State::showAbout, std::move(makeAbout)},
+        {.isShown = &State::showEditor,
+         .make = [this](QWidget* parent) { return makeProfileEditor(parent); },
+         .session = &State::editorSessionID},
+        {.isShown = &State::showCategoryEditor,
+         .make = [this](QWidget* parent) { return makeCategoryEditor(parent); }},
+        {.isShown = &State::showSnippetEditor,
+         .make = [this](QWidget* parent) { return makeSnippetEditor(parent); }},
+        {.isShown = &State::showAbout, .make = std::move(makeAbout)},
     };
     for (const Alert& alert : alerts())
-        m_bindings.push_back(
-            {alert.isShown, [&](QWidget* parent) { return makeAlert(alert, parent); }, &alert});
+        m_bindings.push_back({.isShown = alert.isShown,
+                              .make = [&](QWidget* parent) { return makeAlert(alert, parent); },
+                              .alert = &alert});
 }
 
 void Dialogs::refresh() {
     for (Binding& each : m_bindings) {
-        if (each.hasSession && m_shownSession != *m_state.editorSessionID) close(each);
+        if (each.session && each.shownSession != *(m_state.*each.session)) close(each);
         if (!(m_state.*each.isShown))
             close(each);
         else if (!each.dialog)
@@ -43,6 +46,7 @@ void Dialogs::refresh() {
 }
 
 void Dialogs::open(Binding& binding) {
+    if (binding.session) binding.shownSession = m_state.*binding.session;
     QDialog* dialog = binding.make(m_window);
     binding.dialog = dialog;
     connect(dialog, &QDialog::finished, this,
@@ -63,14 +67,15 @@ void Dialogs::close(Binding& binding) {
 void Dialogs::dialogFinished(Binding& binding, int result) {
     close(binding);
     const Alert* alert = binding.alert;
-    if (alert && alert->isConfirmation())
-        (m_state.*(result == QDialog::Accepted ? alert->confirm : alert->cancel))();
-    else if (m_state.*binding.isShown)
+    if (alert && alert->isConfirmation()) {
+        const auto answer = result == QDialog::Accepted ? alert->confirm : alert->cancel;
+        (m_state.*answer)();
+    } else if (m_state.*binding.isShown) {
         m_state.*binding.isShown = false;
+    }
 }
 
 QDialog* Dialogs::makeProfileEditor(QWidget* parent) {
-    m_shownSession = m_state.editorSessionID;
     return new ProfileEditorSheet(
         std::make_unique<ProfileEditorView>(
             m_state.editorDraft, m_state.categoryStore.categories(),

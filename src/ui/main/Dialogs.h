@@ -17,9 +17,9 @@ namespace korvan {
 // Keeps the dialogs of a window in step with its state: each is shown while its field is true, and
 // closing it in any way makes the field false.
 //
-// The dialogs are modal to the window, which owns them, and never block the event loop. One that
-// closes is deleted from the event loop, so it may close from within its own callback. The state,
-// the file panels and the window must outlive this object.
+// The dialogs are modal to the window, which owns them, and never block the event loop. A dialog
+// may close from within its own callback: it is deleted later, from the event loop. The state, the
+// file panels and the window must outlive this object.
 class Dialogs final : public QObject {
 public:
     using MakeDialog = std::function<QDialog*(QWidget* parent)>;
@@ -34,9 +34,12 @@ private:
     struct Binding {
         Observable<bool> ContentView::* isShown;
         MakeDialog make;
-        const Alert* alert = nullptr; // where it is one
-        bool hasSession = false;      // is opened anew when `editorSessionID` changes
-        QPointer<QDialog> dialog = {};
+        const Alert* alert = nullptr; // of a dialog that is an AlertSheet
+        // When this field has another value than at the opening, the dialog is opened anew.
+        Observable<Uuid> ContentView::* session = nullptr;
+
+        QPointer<QDialog> dialog = {}; // null while it is closed
+        Uuid shownSession = {};
     };
 
     [[nodiscard]] QDialog* makeProfileEditor(QWidget* parent);
@@ -51,8 +54,7 @@ private:
     ContentView& m_state;
     FilePanels& m_filePanels;
     QWidget* m_window;
-    std::vector<Binding> m_bindings; // complete from the start: referred to by callbacks
-    Uuid m_shownSession;             // of the profile editor
+    std::vector<Binding> m_bindings; // never grows, since callbacks refer to its elements
 };
 
 } // namespace korvan

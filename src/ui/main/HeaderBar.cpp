@@ -42,8 +42,8 @@ HeaderBar::HeaderBar(ContentView& state, QWidget* parent)
     addButton(u"terminal"_s, u"Verbinden"_s, &ContentView::connectSelectedProfile,
               Target::selectedProfile);
     addButton(u"pencil"_s, u"Edit"_s, &ContentView::editProfile, Target::selectedProfile);
-    addButton(u"trash"_s, u"Löschen"_s, &ContentView::requestDeleteProfile,
-              Target::selectedProfile);
+    addButton(u"trash"_s, u"Löschen"_s, &ContentView::requestDeleteProfile, Target::selectedProfile,
+              SemanticColor::red);
     addDivider();
     addButton(u"plus"_s, u"Neu"_s, &ContentView::newProfile);
     addButton(u"doc.on.doc"_s, u"SSH-Befehl kopieren"_s, &ContentView::copySSHCommand,
@@ -54,15 +54,13 @@ HeaderBar::HeaderBar(ContentView& state, QWidget* parent)
     addButton(u"square.and.arrow.down"_s, u"Import"_s, &ContentView::importBackup);
     addButton(u"info.circle"_s, u"Über"_s, &ContentView::openAbout);
     m_panelToggle = addButton(u"sidebar.right"_s, u"Befehle aus"_s, &ContentView::toggleSnippets);
-    std::ranges::rotate(m_buttons, std::prev(m_buttons.end()));
+    std::ranges::rotate(m_buttons, std::prev(m_buttons.end())); // the toggle is needed most
     refresh();
 }
 
 QPushButton* HeaderBar::addButton(const QString& symbol, const QString& label, Action action,
-                                  Target target) {
-    const bool destroys = action == &ContentView::requestDeleteProfile;
-    QPushButton* button =
-        makeButton(symbol, label, destroys ? SemanticColor::red : SemanticColor::primary);
+                                  Target target, SemanticColor color) {
+    QPushButton* button = makeButton(symbol, label, color);
     button->setAccessibleName(label);
     connect(button, &QPushButton::clicked, this, [this, action] { (m_state.*action)(); });
     if (target == Target::selectedProfile) m_profileButtons.push_back(button);
@@ -109,7 +107,7 @@ void HeaderBar::fitLabels() {
 }
 
 QSize HeaderBar::minimumSizeHint() const {
-    // Narrow enough for every window: labels go before the bar would widen it.
+    // No width, since labels go before the bar would widen the window.
     return {0, m_layout->minimumSize().height()};
 }
 
@@ -118,7 +116,7 @@ void HeaderBar::resizeEvent(QResizeEvent* event) {
     fitLabels();
 }
 
-// The labels fit anew once all that is in the bar has the new font.
+// Fits the labels once everything in the bar has the new font.
 bool HeaderBar::event(QEvent* event) {
     const auto type = event->type();
     if (type == QEvent::ApplicationFontChange || type == QEvent::FontChange ||

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "state/ContentView.h"
+#include "ui/style/Colors.h"
 
 #include <QWidget>
 #include <vector>
@@ -13,9 +14,9 @@ namespace korvan {
 
 // The window's bar of actions. The state must outlive it.
 //
-// Where the bar is too narrow for all labels, the title is cut first and then the labels of the
-// buttons go, from the least needed on; their symbols, tooltips and names stay. The label of the
-// panel's toggle goes last of all, as it tells a state.
+// Where the bar is too narrow for all labels, the title is cut first. Then the labels of the
+// buttons go, the least needed first; their symbols, tooltips and names stay. The label of the
+// panel's toggle goes last, since it tells a state.
 class HeaderBar final : public QWidget {
     Q_OBJECT
 
@@ -36,9 +37,11 @@ private:
     using Action = void (ContentView::*)();
 
     QPushButton* addButton(const QString& symbol, const QString& label, Action action,
-                           Target target = Target::none);
+                           Target target = Target::none,
+                           SemanticColor color = SemanticColor::primary);
     void addDivider();
     void setLabel(QPushButton* button, const QString& label);
+    // Shows as many labels as there is room for.
     void fitLabels();
 
     ContentView& m_state;
