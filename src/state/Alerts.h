@@ -15,8 +15,8 @@ struct Alert {
     std::string_view title;
     std::string (*message)(const ContentView& state);
 
-    // The button that goes on with what cannot be undone, beside "Abbrechen". An alert without it
-    // only tells something, and has the button "OK".
+    // The button that does what cannot be undone; "Abbrechen" stands beside it. An alert without it
+    // only says something, and has the button "OK".
     std::string_view destructiveButton = {};
     void (ContentView::*confirm)() = nullptr;
     void (ContentView::*cancel)() = nullptr; // for every other way of closing it
@@ -24,7 +24,7 @@ struct Alert {
     [[nodiscard]] bool isConfirmation() const { return confirm != nullptr; }
 };
 
-// The four confirmations, and last, since it may come while another is shown, the error alert.
+// The four confirmations, then the error alert: it may open above one of them.
 [[nodiscard]] const std::array<Alert, 5>& alerts();
 
 } // namespace korvan

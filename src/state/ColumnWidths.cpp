@@ -8,7 +8,7 @@ namespace korvan {
 
 namespace {
 
-// Like std::clamp, but the lower bound counts where the two contradict each other.
+// Like std::clamp, but `least` wins where it is above `greatest`.
 int between(int least, int width, int greatest) {
     return std::max(least, std::min(width, greatest));
 }

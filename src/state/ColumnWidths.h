@@ -13,8 +13,8 @@ struct ColumnWidths {
     friend bool operator==(const ColumnWidths&, const ColumnWidths&) = default;
 };
 
-// How wide the user dragged the columns, or what a window begins with. The panel stands beside a
-// table of at least `table`: less, once the user has widened it where there was less.
+// How wide the user dragged the columns, or what a window begins with. The panel leaves the table
+// at least `table`, which is less once the user has dragged the panel further.
 struct DraggedWidths {
     int sidebar = 240;
     int table = 760;
@@ -25,18 +25,18 @@ inline constexpr int kLeastTableWidth = 520;
 inline constexpr int kLeastPanelWidth = 340;
 inline constexpr int kGreatestPanelWidth = 560;
 
-// The widths in a window with this room. They follow from the arguments alone, so what a window was
-// like before changes nothing. Where room is short, the panel gives way first, then the table, then
-// the sidebar, each down to its least width, and at last the table alone. What is left over goes to
-// the table.
+// The widths in a window with this room. They follow from the arguments alone, not from an earlier
+// size. Where room is short, the panel gives way first, then the table, then the sidebar, each down
+// to its least width. Where even that is too much, the table alone gets less. What is left over
+// goes to the table.
 //
 // `panelShare` is how much of the panel can be seen, from 0 to 1. The least width of the sidebar
 // depends on the font.
 [[nodiscard]] ColumnWidths columnWidths(int room, double panelShare, int leastSidebar,
                                         const DraggedWidths& dragged);
 
-// `dragged` once the user has dragged the panel to a width of `panel`, in a window that has the
-// room `beside` for table and panel.
+// What `dragged` becomes when the user drags the panel to the width `panel`. `beside` is the room
+// for table and panel together.
 [[nodiscard]] DraggedWidths withPanelDraggedTo(int panel, int beside, DraggedWidths dragged);
 
 } // namespace korvan

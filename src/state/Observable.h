@@ -24,7 +24,7 @@ public:
         return *this;
     }
 
-    // Assigns `value` and hands out what was there before.
+    // Assigns `value` and returns the value before.
     Value exchange(Value value) {
         Value before = std::exchange(m_value, std::move(value));
         m_observers.notify();

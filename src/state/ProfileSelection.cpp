@@ -2,6 +2,7 @@
 #include "state/ProfileSelection.h"
 
 #include <unordered_set>
+#include <utility>
 
 namespace korvan {
 

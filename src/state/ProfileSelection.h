@@ -5,18 +5,17 @@
 
 #include <initializer_list>
 #include <optional>
-#include <utility>
 #include <vector>
 
 namespace korvan {
 
-// The set of selected profiles, by id, in the order in which they were selected. It may hold ids
-// that no profile has any more.
+// The set of selected profiles, by id, in the order in which they were selected. It may hold ids of
+// profiles that are gone.
 class ProfileSelection final {
 public:
     ProfileSelection() = default;
 
-    // Each id once, at its first place.
+    // Keeps each id once, at its first place.
     ProfileSelection(std::initializer_list<Uuid> ids) : ProfileSelection(std::vector<Uuid>(ids)) {}
     explicit ProfileSelection(std::vector<Uuid> ids);
 
@@ -27,8 +26,8 @@ public:
         return m_ids.empty() ? std::nullopt : std::optional(m_ids.front());
     }
 
-    // This selection once exactly `selected` are selected: those that stay keep their order, those
-    // that are new follow in theirs.
+    // What this becomes when exactly `selected` are selected: ids that stay keep their order, new
+    // ones follow in theirs.
     [[nodiscard]] ProfileSelection changedTo(std::vector<Uuid> selected) const;
 
     friend bool operator==(const ProfileSelection&, const ProfileSelection&) = default;

@@ -6,8 +6,8 @@
 
 namespace korvan {
 
-// The top row of a column: its name and its buttons, which it takes over. Side by side, all
-// columns' are equally high, whatever their buttons are. A name that has no room ends in an
+// The top row of a column: its name and its buttons, which it owns. All headings have the same
+// height, whatever their buttons, since they stand side by side. A name without room ends in an
 // ellipsis.
 class ColumnHeading final : public QWidget {
     Q_OBJECT
@@ -15,7 +15,7 @@ class ColumnHeading final : public QWidget {
 public:
     ColumnHeading(const QString& name, int spacing, std::initializer_list<QWidget*> buttons);
 
-    // Room for the whole name and the buttons.
+    // The width that shows the whole name and the buttons.
     [[nodiscard]] int idealWidth() const;
 
 protected:

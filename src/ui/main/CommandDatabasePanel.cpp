@@ -65,7 +65,8 @@ QWidget* CommandDatabasePanel::makeHeader() {
     return new ColumnHeading(u"Befehlsdatenbank"_s, kHeaderSpacing, {add, hide});
 }
 
-// The list begins at the same height with and without a profile.
+// Both texts keep their room, so that the list begins at the same height with and without a
+// profile.
 QLayout* CommandDatabasePanel::makeInfoLine() {
     auto* layout = new QGridLayout;
     for (QLabel* label : std::initializer_list<QLabel*>{m_activeProfile, m_tip}) {
@@ -84,7 +85,7 @@ void CommandDatabasePanel::refresh() {
     m_activeProfile->setText(profile ? activeProfileText(*profile) : QString());
     m_activeProfile->setVisible(profile != nullptr);
     m_tip->setVisible(profile == nullptr);
-    // Some letters need a higher line. It stays that high, for the same reason.
+    // Some letters need a higher line. It stays that high, so that the list does not move again.
     m_activeProfile->setMinimumHeight(
         std::max(m_activeProfile->minimumHeight(), m_activeProfile->sizeHint().height()));
     m_list->refresh();

@@ -10,7 +10,7 @@ namespace korvan {
 
 namespace {
 
-// Holds the panel at its left edge and lets what does not fit be cut off.
+// Holds the panel at its left edge and cuts off what does not fit.
 class ClippingFrame final : public QWidget {
 public:
     explicit ClippingFrame(QWidget* panel) : m_panel(panel) {
@@ -98,7 +98,8 @@ void ContentSplitter::arrange() {
     if (sizes() != wanted) setSizes(wanted);
 }
 
-// A divider that meets a column at its least width pushes the next one: that one was not dragged.
+// A divider pushes the next one when the column between them has its least width. Only the first
+// was dragged.
 void ContentSplitter::dragged(int divider) {
     if (divider == indexOf(m_table))
         m_dragged.sidebar = m_sidebar->width();
@@ -107,7 +108,8 @@ void ContentSplitter::dragged(int divider) {
     arrange();
 }
 
-// The toolkit shares the room anew when a column has other limits, with another font for example.
+// The toolkit shares the room in its own way when the limits of a column change, with another font
+// for example.
 bool ContentSplitter::event(QEvent* event) {
     const bool isHandled = QSplitter::event(event);
     if (event->type() == QEvent::LayoutRequest) arrange();

@@ -22,10 +22,11 @@ public:
     // is so already.
     void setPanel(Panel state);
 
-    // The width that no column has to go below its least one in, with or without the panel.
+    // The width in which each column has its least one. The panel counts while it is shown.
     [[nodiscard]] int leastWidth() const;
 
-    // Makes this narrower than that, where the screen is: the table alone gives way.
+    // Sets the least size of all. Where it is narrower than leastWidth(), on a small screen, the
+    // table alone gives way.
     void setLeastSize(QSize size);
 
 protected:
@@ -44,7 +45,7 @@ private:
     QWidget* m_frame; // clips the panel while it slides
     QVariantAnimation m_slide;
     Panel m_state = Panel::shown;
-    double m_panelShare = 1; // that can be seen
+    double m_panelShare = 1; // of its width that can be seen
     DraggedWidths m_dragged;
 };
 

@@ -14,8 +14,8 @@ namespace korvan {
 class CategorySidebar;
 class CommandDatabasePanel;
 class ContentSplitter;
-class HeaderBar;
 class Dialogs;
+class HeaderBar;
 class ProfileTable;
 class Toast;
 
@@ -55,7 +55,7 @@ private:
     Toast* m_toast = nullptr;
     std::unique_ptr<Dialogs> m_dialogs;
     bool m_isStale = false;
-    Subscription m_subscription; // the last: nothing is called once the rest has gone
+    Subscription m_subscription; // last, so that it ends first
 };
 
 } // namespace korvan

@@ -22,7 +22,7 @@ constexpr int kPadding = 8; // beside a text, as in the table's header
 
 QFont fontOf(const QModelIndex& index) { return index.data(Qt::FontRole).value<QFont>(); }
 
-// Of all texts of a row: that of its name's font, in the middle.
+// Where all texts of a row stand: as the name does in its font, centred.
 int baselineIn(const QRect& cell, const QModelIndex& index) {
     const QFontMetrics metrics(fontOf(index.siblingAtColumn(ProfileTableModel::name)));
     return cell.top() + (cell.height() - metrics.height()) / 2 + metrics.ascent();
@@ -36,7 +36,7 @@ ProfileCell::Selection ProfileCell::selectionIn(const QPalette& palette, bool ha
     const auto group = hasKeyboard ? QPalette::Active : QPalette::Inactive;
     Selection selection{palette.color(group, QPalette::Highlight),
                         palette.color(group, QPalette::HighlightedText)};
-    // Many desktops have but one colour of selection.
+    // Many desktops have only one colour of selection.
     if (!hasKeyboard && selection.fill == palette.color(QPalette::Active, QPalette::Highlight)) {
         const QColor text = palette.color(QPalette::Active, QPalette::Text);
         selection = {mixed(palette.color(QPalette::Active, QPalette::Base), text, 0.16), text};

@@ -6,9 +6,8 @@
 
 namespace korvan {
 
-// Draws the cells of the ProfileTable, which are its rows' parts: all texts of a row stand on one
-// line, whatever their fonts, and where a row is selected or under the pointer all of it shows
-// that.
+// Draws the cells of a ProfileTable as parts of one row. Its texts stand on one line, whatever
+// their fonts, and all of it shows that it is selected or under the pointer.
 class ProfileCell final : public QStyledItemDelegate {
     Q_OBJECT
 
@@ -22,7 +21,7 @@ public:
     // Where the text of a cell is drawn, as wide as it is shown. Empty without a text.
     [[nodiscard]] QRect textRect(const QRect& cell, const QModelIndex& index) const;
 
-    // What fills a selected row, and the text on it. Pale as long as keys go elsewhere.
+    // What fills a selected row, and the text on it. Pale while the keyboard is elsewhere.
     struct Selection {
         QColor fill;
         QColor text;
@@ -31,7 +30,7 @@ public:
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
-    // Tells a text that is cut, or that is not shown as it is written.
+    // Shows a tool tip with a text that is cut or not shown as it is written.
     bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                    const QModelIndex& index) override;
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/ProfileTable.h"
 
+#include "state/ColumnWidths.h"
 #include "ui/main/ProfileCell.h"
 #include "ui/style/Drawing.h"
 #include "ui/style/TextStyles.h"
@@ -15,6 +16,7 @@
 #include <QStyle>
 #include <QStyleOption>
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <unordered_set>
 #include <vector>
@@ -43,7 +45,6 @@ constexpr std::array<ColumnLimits, ProfileTableModel::columnTotal> kColumns = {{
 
 // The font size that the limits are made for, in pixels; larger text needs wider columns.
 constexpr double kUsualText = 14.67;
-constexpr int kMinimumWidth = 520;
 constexpr int kRowPadding = 12; // above and below the text together
 
 // How much wider than usual the columns are, for a larger text.
@@ -58,7 +59,7 @@ ColumnLimits limitsOf(int column, double scale) {
             usual.maximum == kNoMaximum ? kNoMaximum : scaled(usual.maximum)};
 }
 
-// What goes on beside the header, above the scroll bar.
+// Continues the header above the scroll bar.
 class HeaderEnd final : public QWidget {
 public:
     explicit HeaderEnd(QHeaderView* header) : m_header(header) { follow(); }
@@ -96,7 +97,7 @@ void ProfileTable::configure() {
     setItemDelegate(m_cell);
     viewport()->setAttribute(Qt::WA_Hover);
     setAccessibleName(u"Profile"_s);
-    setMinimumWidth(kMinimumWidth);
+    setMinimumWidth(kLeastTableWidth);
     setFrameShape(QFrame::NoFrame);
     setSelectionBehavior(SelectRows);
     setSelectionMode(ExtendedSelection);
@@ -125,7 +126,7 @@ void ProfileTable::restyle() {
                  QFontMetrics(fontFor(TextStyle::body, FontDesign::monospaced)).height());
     verticalHeader()->setMinimumSectionSize(text);
     verticalHeader()->setDefaultSectionSize(text + kRowPadding);
-    // One minimum for all columns is all that a header knows; limitColumn does the rest.
+    // A header knows only one minimum for all columns. limitColumn() does the rest.
     horizontalHeader()->setMinimumSectionSize(
         limitsOf(ProfileTableModel::key, m_columnScale).minimum);
     if (!m_hasUserWidths) fitColumns();
@@ -147,7 +148,7 @@ void ProfileTable::refresh() {
     const int current = currentIndex().row();
     bool wasReset = false;
     {
-        // A reset empties the table's selection; that is no wish of the user.
+        // A reset empties the table's selection. The user did not ask for that.
         const QScopedValueRollback quiet(m_isShowingSelection, true);
         wasReset = m_model.refresh();
     }
@@ -210,11 +211,11 @@ void ProfileTable::mousePressEvent(QMouseEvent* event) {
     if (!isPlainClick) return;
     if (!indexAt(event->position().toPoint()).isValid()) {
         clearSelection();
-        m_state.selection = ProfileSelection(); // with the ids of profiles that are gone
+        m_state.selection = ProfileSelection(); // drops the ids of profiles that are gone, too
         return;
     }
-    // Not left to the table's own selection: that says nothing where the row is selected already,
-    // though the state may still hold the id of a profile that is gone.
+    // The table says nothing when the row is selected already. But the state may still hold the id
+    // of a profile that is gone, and that one must go.
     if (const SSHProfile* profile = profileWithTextAt(event->position().toPoint()))
         m_state.selectProfile(*profile);
 }
@@ -228,7 +229,7 @@ void ProfileTable::mouseDoubleClickEvent(QMouseEvent* event) {
     m_state.connect(*profile);
 }
 
-// A row is what the keyboard moves by: Home and End are the first and the last one.
+// The keyboard moves by rows: Home and End go to the first and the last one.
 QModelIndex ProfileTable::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
     const int column = std::max(currentIndex().column(), 0);
     if (action == MoveHome) return m_model.index(0, column);
@@ -265,13 +266,14 @@ void ProfileTable::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
     const QModelIndex current = currentIndex();
     if (!current.isValid()) return drawFocusRing(painter, viewport()->rect(), palette(), 0);
-    // As far as it can be seen, so that the ring is closed.
+    // Around what can be seen of the row, so that the ring is closed.
     const QRect row = visualRect(current.siblingAtColumn(0))
                           .united(visualRect(current.siblingAtColumn(ProfileTableModel::key)));
     const QRect shown(std::max(row.left(), 0), row.top(),
                       std::min(row.right() + 1, viewport()->width()) - std::max(row.left(), 0),
                       row.height());
-    // At the edge of a selected row, a ring in its text's colour would only make the row smaller.
+    // In a selected row the ring has the colour of the text. At the edge it would only make the row
+    // look smaller.
     if (selectionModel()->isSelected(current))
         drawFocusRing(painter, shown.adjusted(2, 2, -2, -2), palette(), kSmallRadius,
                       RingGround::selection);
@@ -293,7 +295,7 @@ void ProfileTable::updateRow(int row) {
 
 void ProfileTable::focusInEvent(QFocusEvent* event) {
     QTableView::focusInEvent(event);
-    viewport()->update(); // all of its rows, not the current one alone
+    viewport()->update(); // all selected rows, not the current one alone
 }
 
 void ProfileTable::focusOutEvent(QFocusEvent* event) {
@@ -327,8 +329,8 @@ void ProfileTable::resizeEvent(QResizeEvent* event) {
     if (!m_hasUserWidths) fitColumns();
 }
 
-// Fills the table's width: every column at its ideal, what is missing taken from all alike down to
-// their minimum, what is left over given to those without a maximum.
+// Fills the table's width. Each column begins at its ideal. What is missing is taken from all, down
+// to their minimum; what is left over goes to those without a maximum.
 void ProfileTable::fitColumns() {
     const QScopedValueRollback quiet(m_isFittingColumns, true);
     int ideal = 0;

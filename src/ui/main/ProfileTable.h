@@ -5,7 +5,6 @@
 #include "ui/main/ProfileTableModel.h"
 
 #include <QTableView>
-#include <array>
 
 namespace korvan {
 
@@ -59,10 +58,10 @@ private:
     ProfileCell* m_cell;
     ProfileSelection m_shownSelection;
     CategoryFilter m_shownFilter = CategoryFilter::all();
-    bool m_isShowingSelection = false; // the table's own change is not the user's
+    bool m_isShowingSelection = false; // what changes then is not the user's doing
     double m_columnScale = 1;
     bool m_isFittingColumns = false;
-    bool m_hasUserWidths = false; // from then on widths are the user's business
+    bool m_hasUserWidths = false; // the user dragged a column, so widths are not fitted
 };
 
 } // namespace korvan

@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// What a person wrote, null for a column that only tells whether there is something.
+// What the user typed into this column, null for a column that shows no such text.
 const std::string* writtenText(const SSHProfile& profile, int column) {
     switch (column) {
     case ProfileTableModel::name: return &profile.name;
@@ -103,7 +103,7 @@ void ProfileTableModel::assign(std::vector<std::size_t> places) {
 
 const SSHProfile* ProfileTableModel::profileAt(int row) const {
     if (row < 0 || row >= rowCount()) return nullptr;
-    // The store may have moved on; the next refresh follows it.
+    // The store may have changed. The next refresh follows it.
     const std::size_t place = m_places[static_cast<std::size_t>(row)];
     const std::vector<SSHProfile>& profiles = m_state.store.profiles();
     return place < profiles.size() ? &profiles[place] : nullptr;

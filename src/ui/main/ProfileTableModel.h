@@ -19,16 +19,17 @@ class ProfileTableModel final : public QAbstractTableModel {
 public:
     enum Column { name, host, port, user, password, key, columnTotal };
 
-    // A text as it is written, where the shown one is one line of it. Empty for other cells.
+    // The role of a text as it is written; the display role has it on one line. Empty for cells
+    // that show no text of the user.
     static constexpr int kWrittenText = Qt::UserRole;
 
     explicit ProfileTableModel(const ContentView& state, QObject* parent = nullptr);
 
     // Takes over what changed since the last call. Answers whether rows came, went or moved, in
-    // which case the model was reset and whoever shows it has lost its selection.
+    // which case the model was reset and its views have lost their selection.
     bool refresh();
 
-    // The profile of a row, null while the row is no longer there.
+    // The profile of a row, null when the store no longer has it.
     [[nodiscard]] const SSHProfile* profileAt(int row) const;
 
     // Takes over the desktop's font and colours after they changed.

@@ -79,7 +79,7 @@ void Toast::fadeTo(double opacity) {
 
 void Toast::place() {
     const QRect area = parentWidget()->rect().adjusted(kMargin, kMargin, -kMargin, -kMargin);
-    // The label asks for no more width than it needs; a long title is cut instead.
+    // As wide as the text needs. One that is too long for the window is cut.
     const int wanted = m_text->fontMetrics().horizontalAdvance(m_text->text()) + 1 + symbolSize() +
                        kPartSpacing + 2 * kSidePadding;
     const QSize size(std::min(wanted, area.width()), sizeHint().height() - 2 * kShadow);
