@@ -78,7 +78,8 @@ public:
     // --- What is being shown ---
     //
     // A dialog is open while its flag is true. An action sets what the dialog is about, then the
-    // flag. When the user closes it, its view clears the flag or calls the action that cancels.
+    // flag. When the user closes it, its view clears the flag or calls the action that cancels,
+    // which does nothing else.
 
     // The profile editor works on a copy of the draft. Each opening has a session id of its own:
     // the editor may close and open again before a view looks at the flag, which then is true as
@@ -162,7 +163,8 @@ public:
     void selectProfile(const SSHProfile& profile);
 
     // Reads all three lists anew, as they are stored at one moment. A list that cannot be read
-    // stays as it is. Selection, filter and search stay but for what is gone; so do open dialogs.
+    // stays as it is. Selection, filter and search stay, within the promises above; so do open
+    // dialogs.
     void reloadAll();
 
     // --- Actions on categories ---
