@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/BundleInformation.h"
+#include "app/ProgramBundle.h"
 
 #include <QDialog>
 

@@ -61,21 +61,23 @@ int readData(sqlite3* connection, std::string_view key, std::optional<std::strin
     return readValue(connection, value.number(0), data.emplace());
 }
 
+// Makes the table `damaged` where it is not there yet.
+int makeDamaged(sqlite3* connection) {
+    return Statement(connection, "CREATE TABLE IF NOT EXISTS damaged(key TEXT, value, at TEXT)")
+        .run();
+}
+
+// Begins a statement that puts rows of a key and a value into the table `damaged`.
+constexpr std::string_view kPutAside = "INSERT INTO damaged(at, key, value) "
+                                       "SELECT strftime('%Y-%m-%dT%H:%M:%SZ', 'now'), ";
+
 // Copies the value under `key` into the table `damaged` if the SQL condition holds for it.
 int putAside(sqlite3* connection, std::string_view key, const std::string& condition) {
-    const std::string rows = " FROM defaults WHERE key = ?1 AND " + condition;
-    Statement value(connection, ("SELECT 1" + rows).c_str());
+    const std::string rows = "key, value FROM defaults WHERE key = ?1 AND " + condition;
+    Statement value(connection, ("SELECT " + rows).c_str());
     if (!value.bindText(1, key).step()) return value.code();
-    const int code = Statement(connection, "CREATE TABLE IF NOT EXISTS "
-                                           "damaged(key TEXT, value, at TEXT)")
-                         .run();
-    if (code != SQLITE_OK) return code;
-    return Statement(connection, ("INSERT INTO damaged(key, value, at) SELECT key, value, "
-                                  "strftime('%Y-%m-%dT%H:%M:%SZ', 'now')" +
-                                  rows)
-                                     .c_str())
-        .bindText(1, key)
-        .run();
+    if (const int code = makeDamaged(connection); code != SQLITE_OK) return code;
+    return Statement(connection, (std::string(kPutAside) + rows).c_str()).bindText(1, key).run();
 }
 
 int putData(sqlite3* connection, std::string_view key, std::string_view data) {
@@ -100,6 +102,7 @@ SqliteKeyValueStore::SqliteKeyValueStore(fs::path path, std::chrono::millisecond
 
 SqliteKeyValueStore::~SqliteKeyValueStore() {
     writeWaiting();
+    writeAside();
     m_file.tidy();
 }
 
@@ -131,6 +134,7 @@ SqliteKeyValueStore::dataForKeys(std::span<const std::string_view> keys) {
 
 void SqliteKeyValueStore::noteRead(const std::string& key, Result<Data>& found) {
     Known& known = m_known[key];
+    const bool wasUnknown = known.readError.has_value();
     known.readError.reset();
     if (!found) {
         known.readError = found.error();
@@ -144,6 +148,7 @@ void SqliteKeyValueStore::noteRead(const std::string& key, Result<Data>& found) 
             found = own->second.data; // newer than what is stored
             return;
         }
+        if (wasUnknown) m_aside.emplace_back(key, std::move(own->second.data));
         waiting.erase(own);
     }
     known.seen = stored;
@@ -203,10 +208,28 @@ Result<> SqliteKeyValueStore::write(const Batch& batch) {
     });
     if (refusal) return std::unexpected(*refusal);
     if (!written) return written;
-    for (const auto& [key, pending] : batch)
-        if (Known& known = m_known[key]; !known.isOvertaken)
+    for (const auto& [key, pending] : batch) {
+        Known& known = m_known[key];
+        if (!known.isOvertaken)
             known = Known{.seen = fingerprintOf(pending.data), .readError = {}};
+        else if (known.readError)
+            m_aside.emplace_back(key, pending.data);
+    }
     return {};
+}
+
+void SqliteKeyValueStore::writeAside() {
+    if (m_aside.empty()) return;
+    const auto written = m_file.write([&](sqlite3* connection) {
+        int code = makeDamaged(connection);
+        for (const auto& [key, data] : m_aside) {
+            if (code != SQLITE_OK) break;
+            Statement row(connection, (std::string(kPutAside) + "?1, ?2").c_str());
+            code = row.bindText(1, key).bindData(2, data).run();
+        }
+        return code;
+    });
+    if (written) m_aside.clear();
 }
 
 void SqliteKeyValueStore::preserve(std::string_view key) {

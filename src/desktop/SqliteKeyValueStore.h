@@ -12,6 +12,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace korvan {
@@ -32,7 +33,9 @@ namespace korvan {
 //
 // Values that could not be written wait. They are tried again with the next change of any key and
 // when this object ends, and those that were set together are written together. Until then, reading
-// gives the waiting value. A waiting value is dropped when somebody else has changed its key.
+// gives the waiting value. A waiting value is dropped when somebody else has changed its key. It is
+// put aside when this object could not even read what it would replace, as at a start that met a
+// lock: what a person did in that window is in no other place.
 //
 // When this object ends, it removes what is left of deleted values from the files.
 class SqliteKeyValueStore final : public KeyValueStore {
@@ -79,10 +82,12 @@ private:
     void noteRead(const std::string& key, Result<Data>& found);
     [[nodiscard]] Result<> write(const Batch& batch);
     void writeWaiting();
+    void writeAside();
 
     SqliteFile m_file;
     std::map<std::string, Known, std::less<>> m_known;
     std::vector<Batch> m_waiting;
+    std::vector<std::pair<std::string, std::string>> m_aside; // keys and values to put aside
 };
 
 } // namespace korvan

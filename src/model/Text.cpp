@@ -36,8 +36,8 @@ bool isContinuation(std::string_view text, std::size_t at) {
     return at < text.size() && (byteAt(text, at) & 0xC0) == 0x80;
 }
 
-// The length of the valid character that begins at `at`, or 0. Overlong forms, surrogates and values
-// above U+10FFFF are not valid; their first two bytes tell.
+// The length of the valid character that begins at `at`, or 0. Overlong forms, surrogates and
+// values above U+10FFFF are not valid; their first two bytes tell.
 std::size_t characterLength(std::string_view text, std::size_t at) {
     const std::uint8_t lead = byteAt(text, at);
     if (lead < 0x80) return 1;
@@ -90,8 +90,8 @@ char lowerAscii(char character) {
     return character >= 'A' && character <= 'Z' ? static_cast<char>(character | 0x20) : character;
 }
 
-// Writes `text` to `out` in lower case if it holds only ASCII and letters from U+00C0 to U+00FF, for
-// which that is quick. Returns false for any other text; `out` is useless then.
+// Writes `text` to `out` in lower case if it holds only ASCII and letters from U+00C0 to U+00FF,
+// for which that is quick. Returns false for any other text; `out` is useless then.
 bool lowerPlain(std::string& out, std::string_view text) {
     constexpr char lead = '\xC3';
     out.resize(text.size());
@@ -115,8 +115,9 @@ bool lowerPlain(std::string& out, std::string_view text) {
     return isPlain && !isAfterLead;
 }
 
-// Writes `text` to `out` in the form that is searched: full lower case, with the final sigma written
-// as the usual one. A query may end inside of a word, where the text does not have the final form.
+// Writes `text` to `out` in the form that is searched: full lower case, with the final sigma
+// written as the usual one. A query may end inside of a word, where the text does not have the
+// final form.
 void writeSearchForm(std::string& out, std::string_view text) {
     if (lowerPlain(out, text)) return;
     constexpr char16_t finalSigma = u'\u03C2';

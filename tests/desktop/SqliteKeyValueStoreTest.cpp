@@ -176,10 +176,12 @@ TEST_F(SqliteStore, TriesAgainWhatItCouldNotWriteUnlessSomebodyElseWasQuicker) {
         EXPECT_FALSE(window.dataForKey("a"));
         fs::remove(databaseFile), fs::rename(folder.path() / "aside", databaseFile);
     };
+    const Step failsUnread = [](auto& window) { EXPECT_FALSE(window.setData("a", "1")); };
     const Step gone = [&](auto&) { ask("DELETE FROM defaults"); };
     const struct {
         std::vector<Step> steps;
         std::string before, after; // the window is closed: what stands under the three keys
+        std::string aside = {};
     } cases[] = {
         {{fails({{"a", "1"}})}, "000", "100"},
         {{fails({{"a", "1"}}), sets("b", "2")}, "120", "120"},
@@ -192,13 +194,14 @@ TEST_F(SqliteStore, TriesAgainWhatItCouldNotWriteUnlessSomebodyElseWasQuicker) {
         {{fails(valuesOf("1")), fails({{"c", "3"}})}, "000", "113"},
         {{fails({{"a", "1"}}), gone}, "", "1"},
         {{isRefused, sets("a", "1")}, "100", "100"},
-        {{isRefused, other, [](auto& window) { EXPECT_FALSE(window.setData("a", "1")); }},
-         "900",
-         "900"},
+        {{isRefused, other, failsUnread}, "900", "900", "1"},
+        {{isRefused, other, failsUnread, reads("9"), sets("a", "2")}, "200", "200", "1"},
+        {{isRefused, reads("0"), other, sets("a", "2")}, "200", "200"},
     };
-    for (std::size_t number = 0; const auto& [steps, before, after] : cases) {
+    for (std::size_t number = 0; const auto& [steps, before, after, aside] : cases) {
         SCOPED_TRACE(number++);
         ASSERT_TRUE(keyValueStore.setValues(valuesOf("0")));
+        ask("CREATE TABLE IF NOT EXISTS damaged(key TEXT, value, at TEXT)");
         std::optional<SqliteKeyValueStore> window(std::in_place, databaseFile, 0ms);
         EXPECT_EQ(window->dataForKeys(kKeys)[0], "0");
         for (const Step& step : steps)
@@ -206,6 +209,9 @@ TEST_F(SqliteStore, TriesAgainWhatItCouldNotWriteUnlessSomebodyElseWasQuicker) {
         EXPECT_EQ(valuesNow(), before);
         window.reset();
         EXPECT_EQ(valuesNow(), after);
+        EXPECT_EQ(ask("SELECT coalesce(group_concat(CAST(value AS TEXT), ''), '') FROM damaged"),
+                  aside);
+        ask("DROP TABLE damaged");
     }
 }
 
