@@ -26,7 +26,8 @@ struct SSHProfile {
     // `user`, an at sign and `host`, as stored.
     [[nodiscard]] std::string target() const;
 
-    // The command line that connects to this profile.
+    // The command line that connects to this profile. The path of the key file stands in double
+    // quotes, in which the shell still reads `$`, back quotes and backslashes.
     [[nodiscard]] std::string sshCommand() const;
 
     friend bool operator==(const SSHProfile& left, const SSHProfile& right);

@@ -19,8 +19,7 @@ namespace korvan {
 enum class EditorField { name, host, user, port, title, commandTemplate };
 
 // What the editors of all records have in common. An editor works on its own copy of a record,
-// checks it when the user saves, and hands it back once. It is made anew each time a sheet opens;
-// its owner closes the sheet.
+// checks it when the user saves, and hands it back once. It is made anew each time a sheet opens.
 class EditorView {
 public:
     EditorView(const EditorView&) = delete;
