@@ -17,6 +17,7 @@ Uuid uuidOf(std::size_t number) {
     const std::size_t scattered = number * 0x9E3779B97F4A7C15U;
     std::snprintf(text.data(), text.size(), "%08zX-%04zX-4%03zX-8000-%012zX", scattered >> 32,
                   scattered & 0xFFFF, number & 0xFFF, scattered & 0xFFFFFFFFFFFF);
+    // NOLINTNEXTLINE(bugprone-unchecked-optional-access): it is one
     return Uuid::parse(text.data()).value();
 }
 

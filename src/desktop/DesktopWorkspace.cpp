@@ -18,8 +18,8 @@ namespace fs = std::filesystem;
 constexpr std::string_view kHelperName = "korvan-run-script";
 
 // Whether the program that a script names in its first line is there. Without it, most terminals
-// look as if all were well. The script itself need not be executable, and cannot be in a folder
-// that is mounted "noexec": the helper only reads it.
+// look as if all were well. The script need not be executable, and its folder may be mounted
+// "noexec": the helper only reads it.
 bool hasInterpreter(const fs::path& script) {
     std::ifstream file(script);
     std::string line;

@@ -143,8 +143,8 @@ void SqliteFile::tidy() {
 }
 
 Result<> SqliteFile::attempt(std::string_view what, const Work& work) {
-    // A call that follows a timed-out one does not wait again: a new window, which also writes the
-    // examples then, would come late by each of them.
+    // Does not wait again right after a call timed out: a new window reads once and writes the
+    // examples three times, and would open late by all four waits.
     const bool mayWait = Clock::now() >= m_lastVainWait + m_wait;
     m_deadline = Clock::now() + (mayWait ? m_wait : std::chrono::milliseconds(0));
     while (true) {

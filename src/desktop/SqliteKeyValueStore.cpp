@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
-#include <functional>
 #include <pwd.h>
 #include <sqlite3.h>
 #include <unistd.h>
@@ -67,7 +66,7 @@ int makeDamaged(sqlite3* connection) {
         .run();
 }
 
-// Begins a statement that puts rows of a key and a value into the table `damaged`.
+// The start of an INSERT into `damaged`. The caller appends the key and the value to select.
 constexpr std::string_view kPutAside = "INSERT INTO damaged(at, key, value) "
                                        "SELECT strftime('%Y-%m-%dT%H:%M:%SZ', 'now'), ";
 
@@ -129,6 +128,7 @@ SqliteKeyValueStore::dataForKeys(std::span<const std::string_view> keys) {
         if (!done) found[i] = std::unexpected(done.error());
         noteRead(std::string(keys[i]), found[i]);
     }
+    writeAside();
     return found;
 }
 
@@ -148,7 +148,7 @@ void SqliteKeyValueStore::noteRead(const std::string& key, Result<Data>& found) 
             found = own->second.data; // newer than what is stored
             return;
         }
-        if (wasUnknown) m_aside.emplace_back(key, std::move(own->second.data));
+        if (wasUnknown && !own->second.isExample) m_aside[key] = std::move(own->second.data);
         waiting.erase(own);
     }
     known.seen = stored;
@@ -158,7 +158,8 @@ void SqliteKeyValueStore::noteRead(const std::string& key, Result<Data>& found) 
 Result<> SqliteKeyValueStore::setValues(std::vector<Value> values) {
     Batch batch;
     for (Value& value : values)
-        batch.insert_or_assign(std::string(value.key), Pending{std::move(value.data)});
+        batch.insert_or_assign(std::string(value.key),
+                               Pending{std::move(value.data), value.isExample});
     // Values that wait together with one of these are written together with it.
     std::erase_if(m_waiting, [&](Batch& waiting) {
         if (std::ranges::none_of(batch,
@@ -174,6 +175,7 @@ Result<> SqliteKeyValueStore::setValues(std::vector<Value> values) {
         return written;
     }
     writeWaiting();
+    writeAside();
     return {};
 }
 
@@ -195,7 +197,7 @@ Result<> SqliteKeyValueStore::write(const Batch& batch) {
             if (code == SQLITE_OK && (pending.hasWaited || known.readError)) {
                 Data stored;
                 code = readData(connection, key, stored);
-                known.isOvertaken = !known.allows(fingerprintOf(stored));
+                known.isOvertaken = !known.allows(fingerprintOf(stored)) && stored != pending.data;
             }
             if (known.isOvertaken && pending.hasWaited) continue;
             if (known.isOvertaken) refusal = known.readError;
@@ -212,8 +214,8 @@ Result<> SqliteKeyValueStore::write(const Batch& batch) {
         Known& known = m_known[key];
         if (!known.isOvertaken)
             known = Known{.seen = fingerprintOf(pending.data), .readError = {}};
-        else if (known.readError)
-            m_aside.emplace_back(key, pending.data);
+        else if (known.readError && !pending.isExample)
+            m_aside[key] = pending.data;
     }
     return {};
 }

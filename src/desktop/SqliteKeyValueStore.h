@@ -33,9 +33,9 @@ namespace korvan {
 //
 // Values that could not be written wait. They are tried again with the next change of any key and
 // when this object ends, and those that were set together are written together. Until then, reading
-// gives the waiting value. A waiting value is dropped when somebody else has changed its key. It is
-// put aside when this object could not even read what it would replace, as at a start that met a
-// lock: what a person did in that window is in no other place.
+// gives the waiting value. A waiting value is dropped when somebody else has changed its key. If
+// the last reading of that key failed, as at a start that met a lock, it is put aside instead: it
+// is the only copy of what the user did. Examples are always dropped.
 //
 // When this object ends, it removes what is left of deleted values from the files.
 class SqliteKeyValueStore final : public KeyValueStore {
@@ -72,6 +72,7 @@ private:
 
     struct Pending {
         std::string data;
+        bool isExample = false;
         bool hasWaited = false;
     };
 
@@ -87,7 +88,7 @@ private:
     SqliteFile m_file;
     std::map<std::string, Known, std::less<>> m_known;
     std::vector<Batch> m_waiting;
-    std::vector<std::pair<std::string, std::string>> m_aside; // keys and values to put aside
+    std::map<std::string, std::string, std::less<>> m_aside; // what is to be put aside, by its key
 };
 
 } // namespace korvan

@@ -46,8 +46,8 @@ public:
     // deep. A key may stand twice: each value must have the right type, and the last one counts.
     // A number is an integer when its value is one, as in 22.0.
     //
-    // Reserves memory for all elements of a vector that has none. That takes a tenth of the time,
-    // so a caller who knows their number reserves it.
+    // Counts the elements first and reserves memory for them, unless the vector has capacity.
+    // Counting takes a tenth of the time, so a caller that knows the number should reserve.
     template <class Value>
     [[nodiscard]] bool read(Value& value);
 
@@ -109,8 +109,8 @@ private:
     bool skipArray(JsonValue& json, int depth);
     bool skipObject(JsonValue& json, int depth);
 
-    // Sets `place` to that of the key of `member` among `keys`, or to their number when it is none
-    // of them.
+    // Sets `place` to the index of the member's key in `keys`, or to keys.size(). False when the
+    // key is not valid JSON.
     bool findKey(simdjson::ondemand::field& member, std::span<const std::string_view> keys,
                  std::size_t& place);
 
@@ -222,13 +222,13 @@ bool JsonReader::readRecords(Array result, std::vector<Record>& records) {
     if (records.capacity() == 0) {
         std::size_t count = 0;
         if (!isRead(array.count_elements().get(count), {})) return false;
-        // Elements that are too short for records count for less: a hostile list of digits would
-        // reserve all memory.
+        // No more than fit into the text: a hostile list of digits must not reserve memory for as
+        // many records.
         records.reserve(std::min(count, m_text.size() / leastLength<Record>()));
     }
     for (auto element : array) {
         if (!isRead(element.error(), {})) return false;
-        // The id is given: a record makes a random one otherwise, only to lose it.
+        // With a zero id: the default draws a random one, which is overwritten at once.
         if (readRecord(element.get_object(), records.emplace_back(Uuid()))) continue;
         return failInElement(records.size() - 1);
     }

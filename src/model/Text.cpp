@@ -101,7 +101,7 @@ bool lowerPlain(std::string& out, std::string_view text) {
         const char character = text[i];
         const auto byte = static_cast<std::uint8_t>(character);
         if (isAfterLead) {
-            // À to Þ are 32 below their small letters. The multiplication sign is among them.
+            // The capitals À to Þ are 32 below their small letters. U+00D7 between them is ×.
             const bool isCapital = byte <= 0x9E && byte != 0x97;
             out[i] = isCapital ? static_cast<char>(byte | 0x20) : character;
             isPlain = isPlain && (byte & 0xC0) == 0x80;

@@ -25,7 +25,7 @@ namespace korvan {
 
 // The state of one main window and everything that can be done in it, without a screen.
 //
-// It has three groups of fields: what is so, what the user chose, and what is being shown. Anyone
+// It has three groups of fields: the data, the user's choices, and what is being shown. Anyone
 // may read them. The actions change them, and so does a view where it says so at the field. Every
 // change notifies the observers: an assignment, even of an equal value, and a change of a store.
 //
@@ -56,7 +56,7 @@ private:
     ObserverList m_observers; // before the fields, which refer to it
 
 public:
-    // --- What is so ---
+    // --- The data ---
 
     // The lists as this window last read or changed them. What other windows change comes with
     // reloadAll().
@@ -64,7 +64,7 @@ public:
     CategoryStore categoryStore;
     SnippetStore snippetStore;
 
-    // --- What the user chose ---
+    // --- The user's choices ---
 
     // The selected profiles. The table writes it.
     Observable<ProfileSelection> selection{m_observers};
@@ -72,7 +72,7 @@ public:
     Observable<CategoryFilter> categoryFilter{m_observers, CategoryFilter::all()};
     // Which commands are listed: those with this text in them. The search field writes it.
     Observable<std::string> snippetSearch{m_observers};
-    // Whether the commands have their column. Its own button clears it.
+    // Whether the column of commands is shown. Its hide button clears this.
     Observable<bool> showSnippets{m_observers, true};
 
     // --- What is being shown ---
@@ -109,8 +109,8 @@ public:
     Observable<bool> showError{m_observers, false};
     Observable<std::string> errorText{m_observers};
 
-    // The note that something was copied or saved, and its name. It goes 1.2 seconds after it came,
-    // whatever is copied in between.
+    // The toast: what was copied or saved. Disappears 1.2 seconds after it appeared, even if more
+    // is copied meanwhile.
     Observable<bool> showCopiedToast{m_observers, false};
     Observable<std::string> lastCopiedText{m_observers};
 

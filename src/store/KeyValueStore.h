@@ -22,6 +22,7 @@ public:
     struct Value {
         std::string_view key;
         std::string data;
+        bool isExample = false; // what the program fills an empty list with; nobody would miss it
     };
 
     virtual ~KeyValueStore() = default;

@@ -45,7 +45,12 @@ RecordStore<Record>::RecordStore(KeyValueStore& keyValueStore, const StoreKind& 
                                  std::vector<Record> seed, Result<KeyValueStore::Data> stored)
     : m_keyValueStore(keyValueStore), m_kind(kind) {
     load(std::move(stored));
-    if (m_records.empty()) replaceAll(std::move(seed));
+    if (!m_records.empty()) return;
+    change(std::move(seed));
+    std::vector<KeyValueStore::Value> examples(1, value());
+    examples.front().isExample = true;
+    if (const auto saved = m_keyValueStore.setValues(std::move(examples)); !saved)
+        printError("save", saved.error());
 }
 
 template <class Record>

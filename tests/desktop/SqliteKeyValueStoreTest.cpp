@@ -171,10 +171,16 @@ TEST_F(SqliteStore, TriesAgainWhatItCouldNotWriteUnlessSomebodyElseWasQuicker) {
         return [=](SqliteKeyValueStore& window) { EXPECT_EQ(window.dataForKey("a"), data); };
     };
     const Step other = [&](auto&) { ask("UPDATE defaults SET value = x'39' WHERE key = 'a'"); };
-    const Step isRefused = [&](SqliteKeyValueStore& window) {
-        fs::rename(databaseFile, folder.path() / "aside"), fs::create_directory(databaseFile);
-        EXPECT_FALSE(window.dataForKey("a"));
-        fs::remove(databaseFile), fs::rename(folder.path() / "aside", databaseFile);
+    const auto refused = [&](const Step& step) {
+        return [this, step](SqliteKeyValueStore& window) {
+            fs::rename(databaseFile, folder.path() / "aside"), fs::create_directory(databaseFile);
+            step(window);
+            fs::remove(databaseFile), fs::rename(folder.path() / "aside", databaseFile);
+        };
+    };
+    const Step isRefused = refused([](auto& window) { EXPECT_FALSE(window.dataForKey("a")); });
+    const Step isStored = [&](auto&) {
+        ask("INSERT INTO defaults VALUES('ssh_profiles_v3', x'2D')");
     };
     const Step failsUnread = [](auto& window) { EXPECT_FALSE(window.setData("a", "1")); };
     const Step gone = [&](auto&) { ask("DELETE FROM defaults"); };
@@ -197,6 +203,10 @@ TEST_F(SqliteStore, TriesAgainWhatItCouldNotWriteUnlessSomebodyElseWasQuicker) {
         {{isRefused, other, failsUnread}, "900", "900", "1"},
         {{isRefused, other, failsUnread, reads("9"), sets("a", "2")}, "200", "200", "1"},
         {{isRefused, reads("0"), other, sets("a", "2")}, "200", "200"},
+        {{isRefused, [&](auto&) { ask("UPDATE defaults SET value = x'31'"); }, sets("a", "1")},
+         "111",
+         "111"},
+        {{isStored, refused([](auto& window) { SSHStore profiles(window); })}, "000-", "000-"},
     };
     for (std::size_t number = 0; const auto& [steps, before, after, aside] : cases) {
         SCOPED_TRACE(number++);

@@ -45,7 +45,7 @@ EditorSheet::EditorSheet(EditorView& editor, int width, int padding, QWidget* pa
 
 void EditorSheet::addRow(const QString& label, QWidget* field, QLayout* row) {
     auto* rowLabel = new QLabel(label);
-    rowLabel->setBuddy(field); // the accessible name of a picker is its choice alone
+    rowLabel->setBuddy(field); // a combo box names only its choice, not what it is for
     // As high as its row. The form layout puts a lower label a little above the middle.
     rowLabel->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
     if (row)
@@ -127,7 +127,7 @@ void EditorSheet::refresh() {
     markInvalidField();
 }
 
-// With the message as its description, so that a screen reader speaks it at the field.
+// The message becomes the field's description, so that a screen reader speaks it there.
 void EditorSheet::markInvalidField() {
     for (const auto& [field, widget] : m_fields) {
         const bool isMarked = m_editor.invalidField == field;

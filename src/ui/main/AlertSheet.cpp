@@ -98,7 +98,7 @@ private:
         setFocusPolicy(scrolls ? Qt::StrongFocus : Qt::ClickFocus);
     }
 
-    int m_line = 1;   // its height
+    int m_line = 1;   // height of a line
     int m_turned = 0; // by the wheel, less than a line
 };
 

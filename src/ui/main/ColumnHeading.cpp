@@ -30,7 +30,7 @@ void ColumnHeading::changeEvent(QEvent* event) {
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) fitHeight();
 }
 
-// To that of a push button.
+// At least as high as a push button.
 void ColumnHeading::fitHeight() {
     QStyleOptionButton option;
     option.initFrom(this);

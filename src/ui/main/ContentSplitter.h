@@ -22,11 +22,11 @@ public:
     // is so already.
     void setPanel(Panel state);
 
-    // The width in which each column has its least one. The panel counts while it is shown.
+    // The sum of the least widths and the dividers. Counts the panel only while it is shown.
     [[nodiscard]] int leastWidth() const;
 
-    // Sets the least size of all. Where it is narrower than leastWidth(), on a small screen, the
-    // table alone gives way.
+    // Sets the splitter's least size. Where it is narrower than leastWidth(), on a small screen,
+    // the table alone gives way.
     void setLeastSize(QSize size);
 
 protected:

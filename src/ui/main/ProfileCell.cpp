@@ -22,7 +22,7 @@ constexpr int kPadding = 8; // beside a text, as in the table's header
 
 QFont fontOf(const QModelIndex& index) { return index.data(Qt::FontRole).value<QFont>(); }
 
-// Where all texts of a row stand: as the name does in its font, centred.
+// The baseline of all texts of a row: that of the centred name.
 int baselineIn(const QRect& cell, const QModelIndex& index) {
     const QFontMetrics metrics(fontOf(index.siblingAtColumn(ProfileTableModel::name)));
     return cell.top() + (cell.height() - metrics.height()) / 2 + metrics.ascent();

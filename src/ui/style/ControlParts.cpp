@@ -170,7 +170,7 @@ void drawHeaderSection(QPainter& painter, const QStyleOption& header) {
     if (!section || section->orientation != Qt::Horizontal) return;
     const bool isLast = section->position == QStyleOptionHeader::End ||
                         section->position == QStyleOptionHeader::OnlyOneSection;
-    if (isLast) return; // the table's neighbour has a line
+    if (isLast) return; // the splitter beside the table draws the line
     drawLine(painter, rect.adjusted(0, 6, 0, -6), Qt::RightEdge, hairline(palette));
 }
 
@@ -218,7 +218,7 @@ void drawSplitterLine(QPainter& painter, const QStyleOption& handle, const QWidg
     for (int i = 1; splitter && i < splitter->count(); ++i)
         if (splitter->handle(i) == widget) before = splitter->widget(i - 1);
     const auto* area = qobject_cast<const QAbstractScrollArea*>(before);
-    if (area && area->frameWidth() > 0) return; // has a line itself
+    if (area && area->frameWidth() > 0) return; // the area draws its own
     const bool isWindowBefore = before && before->autoFillBackground();
     const bool isUpright = has(handle, QStyle::State_Horizontal);
     const auto edge = isWindowBefore ? (isUpright ? Qt::RightEdge : Qt::BottomEdge)

@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kMilliseconds = 150;
 constexpr double kDarkness = 0.2;
-constexpr double kDarknessOfDark = 0.4; // more, since less would not be seen there
+constexpr double kDarknessOfDark = 0.4; // of a dark window, where 0.2 would not be seen
 
 } // namespace
 

@@ -162,9 +162,9 @@ TEST(KorvanStyle, RingsWhatHasTheKeyboardAndNothingThatWasClicked) {
         layout.addWidget(control), control->setFocusPolicy(Qt::StrongFocus);
     activate(window);
     for (const auto& [control, isTypedInto] : controls) {
-        const auto hasRing = [control = control] {
-            const QImage image = control->grab().toImage();
-            const auto ring = colorFor(SemanticColor::focus, control->palette());
+        const auto hasRing = [widget = control] {
+            const QImage image = widget->grab().toImage();
+            const auto ring = colorFor(SemanticColor::focus, widget->palette());
             return image.pixelColor(0, image.height() / 2) == ring &&
                    image.pixelColor(1, image.height() / 2) == ring;
         };
